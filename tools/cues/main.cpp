@@ -1,0 +1,31 @@
+// Makes the game's sound cues: make_cues FOLDER writes every cue into the folder, which must exist.
+// The bytes are the same on every run; a file that cannot be written ends the program with an error.
+#include "cues.h"
+#include "wave_file.h"
+
+#include <fstream>
+#include <iostream>
+
+namespace {
+bool Write(const std::string& path, const std::string& bytes) {
+    std::ofstream file(path, std::ios::binary);
+    file << bytes << std::flush;
+    return file.good();
+}
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    if (argumentCount != 2) {
+        std::cerr << "usage: make_cues FOLDER\n";
+        return 2;
+    }
+    for (const Cue& cue : Cues) {
+        Sound sound = cue.Make();
+        Master(sound);
+        const std::string path = std::string(arguments[1]) + "/" + cue.File;
+        if (!Write(path, WaveFile(sound))) {
+            std::cerr << "cannot write " << path << "\n";
+            return 1;
+        }
+    }
+}
