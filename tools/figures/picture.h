@@ -1,0 +1,16 @@
+// Draws galleries of figures and the start arrangement as SVG.
+#pragma once
+
+#include "source.h"
+
+namespace Figures {
+
+enum class Look { Silhouette, Solved };
+
+// A page of numbered and named figures; numbers count from firstNumber.
+std::string DrawGallery(const std::vector<Figure>& figures, Look look, int firstNumber = 1);
+
+// The board with the pieces in their start places.
+std::string DrawStart();
+
+} // namespace Figures

@@ -1,0 +1,23 @@
+// The rules every figure keeps so that the game can show it and the player can lay it.
+#pragma once
+
+#include "source.h"
+
+namespace Figures {
+
+constexpr int TargetWidth = 228; // pixels of the panel that shows a figure uncut
+constexpr int TargetHeight = 226;
+constexpr int BoardWidth = 350;
+constexpr int BoardHeight = 390;
+constexpr int LeastShare = 20; // percent of its box that a figure has to fill
+
+// Every breach of the rules as "file:line: reason"; empty when all figures are fit for play.
+std::vector<std::string> FaultsOf(const std::vector<Figure>& figures);
+
+// How many percent of its box in pixels, rim included, a layout fills.
+int FilledShare(const Layout& layout);
+
+// Whether all pieces hang together in pixels: a corner of one within three pixels of another.
+bool Connected(const Layout& layout);
+
+} // namespace Figures
