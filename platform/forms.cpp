@@ -1,0 +1,22 @@
+// The sizes of forms and pictures, and of the surfaces that go with them.
+#include "platform/forms.h"
+
+int ClientWidth(const Form& form) {
+    return NearestInt32((form.Width - FrameWidth(form.Border)) / TwipsPerPixelX());
+}
+
+int ClientHeight(const Form& form) {
+    return NearestInt32((form.Height - FrameHeight(form.Border)) / TwipsPerPixelY());
+}
+
+void Resize(Form& form, float width, float height) {
+    form.Width = width;
+    form.Height = height;
+    form.Image.Resize(ClientWidth(form), ClientHeight(form));
+}
+
+void Resize(Picture& picture, float width, float height) {
+    picture.Width = width;
+    picture.Height = height;
+    picture.Image.Resize(NearestInt32(width / TwipsPerPixelX()), NearestInt32(height / TwipsPerPixelY()));
+}

@@ -1,0 +1,148 @@
+// The records of forms and controls: plain data that the game reads and writes, and that a backend shows.
+// Places and sizes are twips (1/1440 inch, 15 to the pixel), those of a control inside its container.
+#pragma once
+
+#include "platform/surface.h"
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+/// 15 in both directions, always: a pixel of the game is 1/96 inch, whatever the display makes of it.
+constexpr int TwipsPerPixelX() {
+    return 15;
+}
+constexpr int TwipsPerPixelY() {
+    return 15;
+}
+
+/// The light face of windows, frames and buttons, fixed so that black figures stand out on every desktop.
+constexpr Colour ButtonFace = Rgb(240, 240, 240);
+
+/// What a backend calls for events. Mouse: Button 1 left, 2 right, 4 middle; Shift 1 Shift, 2 Ctrl, 4 Alt,
+/// added up. X and Y in pixels on a picture, in twips on a form.
+using MouseHandler = void (*)(std::int16_t Button, std::int16_t Shift, float X, float Y);
+/// KeyCode is a virtual key code; a handler that sets it to 0 has used the key up.
+using KeyHandler = void (*)(std::int16_t& KeyCode, std::int16_t Shift);
+using PlainHandler = void (*)();
+using IndexHandler = void (*)(std::int16_t Index);
+
+struct Font {
+    std::string Family = "Arial";
+    float Points = 8.25F;
+    bool Bold = false;
+};
+
+/// What every control has.
+struct Control {
+    std::string Name;
+    float Left = 0;
+    float Top = 0;
+    float Width = 0;
+    float Height = 0;
+    bool Visible = true;
+    bool Enabled = true;
+};
+
+struct Label : Control {
+    std::string Caption;
+    ::Font Font;
+    Colour ForeColor = Rgb(0, 0, 0);
+    Colour BackColor = ButtonFace;
+    bool Centred = false;
+};
+
+/// A surface that takes the mouse and, when it has the focus, the keyboard.
+struct Picture : Control {
+    Surface Image;
+    MouseHandler MouseDown = nullptr;
+    MouseHandler MouseMove = nullptr;
+    MouseHandler MouseUp = nullptr;
+    KeyHandler KeyDown = nullptr;
+    /// The mouse was taken away for good while a button was down: no MouseUp will follow.
+    PlainHandler MouseLost = nullptr;
+};
+
+/// The panel's icon button: no caption, its command is its hover text.
+struct TileButton : Control {
+    std::int16_t Index = 0;
+    std::string ToolTipText;
+    /// File name of the icon, without folder and extension.
+    std::string Icon;
+    /// Whether the button is one that can be switched on at all.
+    bool Latches = false;
+    bool Latched = false;
+    IndexHandler Pressed = nullptr;
+    void LatchOn() { Latched = true; }
+    void LatchOff() { Latched = false; }
+};
+
+struct Frame;
+using ControlRef = std::variant<Label*, Picture*, TileButton*, Frame*>;
+
+struct Frame : Control {
+    std::string Caption;
+    ::Font Font;
+    std::vector<ControlRef> Controls;
+};
+
+struct MenuItem {
+    std::string Name;
+    /// "-" is a separator.
+    std::string Caption;
+    PlainHandler Click = nullptr;
+};
+
+struct Menu {
+    std::string Name;
+    std::string Caption;
+    std::vector<MenuItem> Items;
+};
+
+enum class BorderStyle { FixedSingle, Sizable };
+
+/// A top-level window.
+struct Form {
+    std::string Name;
+    std::string Caption;
+    BorderStyle Border = BorderStyle::FixedSingle;
+    bool CloseBox = false;
+    bool InTaskBar = true;
+    /// The whole window with its border, as FrameWidth and FrameHeight count it, and its place on the screen.
+    float Left = 0;
+    float Top = 0;
+    float Width = 0;
+    float Height = 0;
+    bool Visible = false;
+    bool Loaded = false;
+    /// The window's own surface, as large as the client area.
+    Surface Image;
+    /// Off where that surface is only drawn on and read.
+    bool ShowsImage = true;
+    std::vector<ControlRef> Controls;
+    std::vector<Menu> Menus;
+    PlainHandler Load = nullptr;
+    /// Setting Cancel to anything but 0 keeps the form loaded.
+    void (*Unload)(std::int16_t& Cancel) = nullptr;
+    /// Answers the window manager's wish to close the form; without it the form is unloaded.
+    PlainHandler CloseRequest = nullptr;
+};
+
+/// What border and caption bar take of a form's size, in twips: the metrics of the classic desktop that the
+/// forms' sizes were drawn for. The frame that a window manager really draws lies around the client area.
+constexpr float FrameWidth(BorderStyle border) {
+    return (border == BorderStyle::FixedSingle ? 6 : 8) * TwipsPerPixelX();
+}
+constexpr float FrameHeight(BorderStyle border) {
+    return (border == BorderStyle::FixedSingle ? 25 : 27) * TwipsPerPixelY();
+}
+
+/// Size of the client area, without frame and menu bar, in pixels.
+int ClientWidth(const Form& form);
+int ClientHeight(const Form& form);
+
+/// Gives the form or picture a new size, in twips, and its surface the pixels to go with it; what was drawn
+/// stays.
+void Resize(Form& form, float width, float height);
+void Resize(Picture& picture, float width, float height);

@@ -1,0 +1,230 @@
+// The raster: clearing, reading, rectangles, copies, and polygons by the edge rule of the header.
+// One exact walk along an edge serves both the outline and the fill.
+#include "platform/surface.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+__extension__ using Wide = __int128;
+
+constexpr std::size_t MostVertices = 11;
+
+Surface::Pixel PixelOf(Colour colour) {
+    const auto c = static_cast<std::uint32_t>(colour);
+    return 0xFF000000u | (c & 0x0000FFu) << 16 | (c & 0x00FF00u) | (c & 0xFF0000u) >> 16;
+}
+
+Colour ColourOf(Surface::Pixel pixel) {
+    return static_cast<Colour>((pixel & 0x0000FFu) << 16 | (pixel & 0x00FF00u) | (pixel & 0xFF0000u) >> 16);
+}
+
+/// The values start + floor((2 i rise + offset) / (2 run)) for i = first, first + 1 and so on, without
+/// rounding errors. Offset 0 gives the floor of the exact value, offset run its nearest whole number, halves
+/// upward.
+struct Walk {
+    std::int64_t Whole;
+    std::int64_t Rest;
+    std::int64_t StepWhole;
+    std::int64_t StepRest;
+    std::int64_t Divisor;
+
+    // The products can be wider than 64 bits once, here; every step after that stays within them.
+    Walk(std::int64_t start, std::int64_t rise, std::int64_t run, std::int64_t offset, std::int64_t first) {
+        Divisor = 2 * run;
+        StepWhole = 2 * rise / Divisor;
+        StepRest = 2 * rise % Divisor;
+        if (StepRest < 0) {
+            StepRest += Divisor;
+            --StepWhole;
+        }
+        const Wide numerator = Wide(2 * first) * rise + offset;
+        Wide quotient = numerator / Divisor;
+        Wide rest = numerator % Divisor;
+        if (rest < 0) {
+            rest += Divisor;
+            --quotient;
+        }
+        Whole = start + static_cast<std::int64_t>(quotient);
+        Rest = static_cast<std::int64_t>(rest);
+    }
+
+    void Step() {
+        Whole += StepWhole;
+        Rest += StepRest;
+        if (Rest >= Divisor) {
+            Rest -= Divisor;
+            ++Whole;
+        }
+    }
+
+    std::int64_t Floor() const { return Whole; }
+    std::int64_t Ceiling() const { return Whole + (Rest != 0); }
+};
+
+/// An edge of a polygon on its way down the rows Top to Bottom - 1.
+struct FillEdge {
+    std::int64_t Top;
+    std::int64_t Bottom;
+    Walk X;
+};
+
+/// Up to four crossings a row are usual, so that sorting them by hand is the quickest.
+void SortByFloor(std::span<const Walk*> crossings) {
+    for (std::size_t i = 1; i < crossings.size(); ++i)
+        for (std::size_t j = i; j > 0 && crossings[j]->Floor() < crossings[j - 1]->Floor(); --j)
+            std::swap(crossings[j], crossings[j - 1]);
+}
+
+} // namespace
+
+void RowRange::Include(RowRange other) {
+    if (other.Empty()) return;
+    if (Empty()) {
+        *this = other;
+        return;
+    }
+    First = std::min(First, other.First);
+    Last = std::max(Last, other.Last);
+}
+
+Surface::Surface(int width, int height, Colour background)
+    : BackColor(background), Width_(std::max(width, 1)), Height_(std::max(height, 1)),
+      Pixels_(Offset(0, Height_), PixelOf(background)), Changed_{0, Height_} {}
+
+void Surface::Resize(int width, int height) {
+    Surface larger(width, height, BackColor);
+    BitBlt(larger, 0, 0, Width_, Height_, *this, 0, 0);
+    Width_ = larger.Width_;
+    Height_ = larger.Height_;
+    Pixels_ = std::move(larger.Pixels_);
+    Changed_ = {0, Height_};
+    Due_ = {};
+}
+
+void Surface::Cls() {
+    std::fill(Pixels_.begin(), Pixels_.end(), PixelOf(BackColor));
+    Changed_ = {0, Height_};
+}
+
+void Surface::Refresh() {
+    Due_.Include(Changed_);
+    Changed_ = {};
+    ++RefreshCount_;
+}
+
+RowRange Surface::TakeDueRows() {
+    return std::exchange(Due_, {});
+}
+
+RowRange Surface::TakeChangedRows() {
+    Due_.Include(std::exchange(Changed_, {}));
+    return TakeDueRows();
+}
+
+Colour Surface::Point(double x, double y) const {
+    const int column = NearestInt32(x);
+    const int row = NearestInt32(y);
+    if (column < 0 || column >= Width_ || row < 0 || row >= Height_) return NoColour;
+    return ColourOf(Pixels_[Offset(column, row)]);
+}
+
+void Surface::Line(double x1, double y1, double x2, double y2, Colour colour) {
+    const Colour foreColor = std::exchange(ForeColor, colour);
+    const std::int32_t left = NearestInt32(x1), right = NearestInt32(x2);
+    const std::int32_t top = NearestInt32(y1), bottom = NearestInt32(y2);
+    Polygon(*this, std::array<Vertex, 4>{{{left, top}, {right, top}, {right, bottom}, {left, bottom}}});
+    ForeColor = foreColor;
+}
+
+void Surface::FillSpan(std::int64_t firstX, std::int64_t lastX, int y, Pixel pixel) {
+    firstX = std::max<std::int64_t>(firstX, 0);
+    lastX = std::min<std::int64_t>(lastX, Width_ - 1);
+    if (firstX > lastX) return;
+    std::fill_n(&Pixels_[Offset(static_cast<int>(firstX), y)], lastX - firstX + 1, pixel);
+}
+
+void Surface::DrawEdge(Vertex a, Vertex b, Pixel pixel) {
+    const std::int64_t width = std::abs(std::int64_t{b.X} - a.X);
+    const std::int64_t height = std::abs(std::int64_t{b.Y} - a.Y);
+    if (height >= width) {
+        if (a.Y > b.Y) std::swap(a, b);
+        const std::int64_t first = std::max<std::int64_t>(a.Y, 0);
+        const std::int64_t last = std::min<std::int64_t>(b.Y, Height_ - 1);
+        const std::int64_t run = std::max<std::int64_t>(height, 1);
+        Walk x(a.X, std::int64_t{b.X} - a.X, run, run, first - a.Y);
+        for (std::int64_t y = first; y <= last; ++y, x.Step())
+            FillSpan(x.Floor(), x.Floor(), static_cast<int>(y), pixel);
+    } else {
+        if (a.X > b.X) std::swap(a, b);
+        const std::int64_t first = std::max<std::int64_t>(a.X, 0);
+        const std::int64_t last = std::min<std::int64_t>(b.X, Width_ - 1);
+        Walk y(a.Y, std::int64_t{b.Y} - a.Y, width, width, first - a.X);
+        for (std::int64_t x = first; x <= last; ++x, y.Step())
+            if (y.Floor() >= 0 && y.Floor() < Height_) FillSpan(x, x, static_cast<int>(y.Floor()), pixel);
+    }
+}
+
+void Surface::FillInside(std::span<const Vertex> vertices, Pixel pixel) {
+    std::vector<FillEdge> edges;
+    edges.reserve(MostVertices);
+    std::int64_t top = Height_, bottom = 0;
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        Vertex a = vertices[i];
+        Vertex b = vertices[(i + 1) % vertices.size()];
+        if (a.Y == b.Y) continue;
+        if (a.Y > b.Y) std::swap(a, b);
+        const std::int64_t first = std::max<std::int64_t>(a.Y, 0);
+        edges.push_back(
+            {first, b.Y, Walk(a.X, std::int64_t{b.X} - a.X, std::int64_t{b.Y} - a.Y, 0, first - a.Y)});
+        top = std::min(top, first);
+        bottom = std::max<std::int64_t>(bottom, std::min<std::int64_t>(b.Y, Height_));
+    }
+    for (std::int64_t y = top; y < bottom; ++y) {
+        std::array<const Walk*, MostVertices> crossings;
+        std::size_t count = 0;
+        for (const FillEdge& edge : edges)
+            if (edge.Top <= y && y < edge.Bottom) crossings[count++] = &edge.X;
+        SortByFloor({crossings.data(), count});
+        for (std::size_t i = 0; i + 1 < count; i += 2)
+            FillSpan(crossings[i]->Ceiling(), crossings[i + 1]->Floor(), static_cast<int>(y), pixel);
+        for (FillEdge& edge : edges)
+            if (edge.Top <= y && y < edge.Bottom) edge.X.Step();
+    }
+}
+
+void Polygon(Surface& surface, std::span<const Vertex> vertices) {
+    vertices = vertices.first(std::min(vertices.size(), MostVertices));
+    if (vertices.empty()) return;
+    if (surface.FillStyle == FillMode::Solid) surface.FillInside(vertices, PixelOf(surface.FillColor));
+    const auto [top, bottom] =
+        std::minmax_element(vertices.begin(), vertices.end(), [](Vertex a, Vertex b) { return a.Y < b.Y; });
+    for (std::size_t i = 0; i < vertices.size(); ++i)
+        surface.DrawEdge(vertices[i], vertices[(i + 1) % vertices.size()], PixelOf(surface.ForeColor));
+    const auto clamped = [&](std::int64_t row) {
+        return static_cast<int>(std::clamp<std::int64_t>(row, 0, surface.Height_));
+    };
+    surface.Changed_.Include({clamped(top->Y), clamped(std::int64_t{bottom->Y} + 1)});
+}
+
+void BitBlt(Surface& target, int x, int y, int width, int height, const Surface& source, int sourceX,
+            int sourceY) {
+    const auto clip = [](std::int64_t to, std::int64_t from, std::int64_t length, int toSize, int fromSize) {
+        const std::int64_t first = std::max({std::int64_t{0}, -to, -from});
+        const std::int64_t last = std::min({length, toSize - to, fromSize - from});
+        return std::pair(first, std::max(first, last));
+    };
+    const auto [left, right] = clip(x, sourceX, width, target.Width_, source.Width_);
+    const auto [top, bottom] = clip(y, sourceY, height, target.Height_, source.Height_);
+    if (left == right || top == bottom) return;
+    for (std::int64_t row = top; row < bottom; ++row) {
+        const std::size_t from =
+            source.Offset(static_cast<int>(sourceX + left), static_cast<int>(sourceY + row));
+        const std::size_t to = target.Offset(static_cast<int>(x + left), static_cast<int>(y + row));
+        std::copy_n(&source.Pixels_[from], right - left, &target.Pixels_[to]);
+    }
+    target.Changed_.Include({static_cast<int>(y + top), static_cast<int>(y + bottom)});
+}
