@@ -1,0 +1,27 @@
+// All drawing of pieces and figures. Every piece is drawn twice with the same polygon: on the board in the
+// colours of the level, and on the pick map in its own key colour, so that one pixel read there tells which
+// piece lies under the mouse. Pieces are drawn in the order of their numbers; the piece in hand is left out.
+#pragma once
+
+#include <cstdint>
+
+/// Sets the board's fill and outline for the piece, by level, matched turn and shown solution.
+void SetPieceBrush(std::int16_t piece);
+
+/// Draws the piece on both surfaces and refreshes the board.
+void DrawPiece(int piece);
+
+/// Draws all pieces but ActivePiece on both surfaces, over what is there; refreshes the board if no piece is
+/// active.
+void DrawAllPieces();
+
+/// Draws the piece over all the others.
+void DrawPieceOnTop(int piece);
+
+/// Runs the turn test for all seven pieces where nobody is waiting for a solved figure. Should it find one,
+/// nothing is announced: the pieces are shown again and the board takes the mouse.
+void CheckAllTurns();
+
+/// Shows the current quillet in the panel's target, with its number and the collection's name in the
+/// captions, and draws the pieces. Moves no piece and does not clear the board.
+void ShowQuillet();

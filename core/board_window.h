@@ -1,0 +1,15 @@
+// The board window: the board that the player sees, over the window's own surface, which nobody sees.
+#pragma once
+
+#include "platform/forms.h"
+
+/// Its Image is the pick map: every piece in its own key colour, in the coordinates of Picture1.
+struct BoardWindow : Form {
+    ::Picture Picture1; ///< the board
+    Label PStandard;    ///< the play difficulty
+};
+
+extern BoardWindow FormMain;
+
+/// Sets the window back to its design, with clear surfaces.
+void DesignFormMain();

@@ -1,0 +1,118 @@
+// The design of the control panel, in twips.
+#include "core/panel_window.h"
+
+PanelWindow Form1;
+
+namespace {
+
+struct FrameDesign {
+    const char* Caption;
+    float Left, Top, Width;
+};
+
+constexpr FrameDesign FrameDesigns[] = {
+    {"Shape", 30, 0, 2175},
+    {"Play difficulty", 2205, 0, 1695},
+    {"Select", 30, 810, 3180},
+    {"Sound", 3210, 810, 690},
+};
+
+struct ButtonDesign {
+    std::int16_t Index;
+    const char* ToolTipText;
+    int FrameIndex;
+    float Left;
+    const char* Icon;
+};
+
+constexpr ButtonDesign ButtonDesigns[] = {
+    {2, "Remove existing Quillet", 0, 90, "remove"},
+    {3, "Append existing Quillet", 0, 585, "append"},
+    {4, "Reset", 0, 1080, "reset"},
+    {5, "Copy", 0, 1575, "copy"},
+    {14, "Normal", 1, 90, "normal"},
+    {15, "Easy", 1, 585, "easy"},
+    {16, "Very easy", 1, 1080, "very_easy"},
+    {6, "First", 2, 90, "first"},
+    {7, "Left", 2, 585, "left"},
+    {8, "Right", 2, 1080, "right"},
+    {9, "Last", 2, 1575, "last"},
+    {10, "Random", 2, 2070, "random"},
+    {0, "View All", 2, 2565, "view_all"},
+    {11, "Sound", 3, 90, "sound"},
+};
+
+void DesignTarget() {
+    Frame& frame = Form1.TarQui;
+    frame.Name = "TarQui";
+    frame.Left = 12;
+    frame.Top = 1620;
+    frame.Width = 3885;
+    frame.Height = 4425;
+    for (Picture& picture : Form1.TargetQui) {
+        picture.Name = "TargetQui";
+        picture.Top = 210;
+        picture.Image.BackColor = ButtonFace;
+        Resize(picture, 3680, 4152);
+        picture.Image.Cls();
+    }
+    Form1.TargetQui[0].Left = 120;
+    Form1.TargetQui[1].Left = 90;
+    frame.Controls = {&Form1.TargetQui[0], &Form1.TargetQui[1]};
+    Form1.Controls.push_back(&frame);
+}
+
+void DesignFrames() {
+    for (std::size_t i = 0; i < Form1.MFrame.size(); ++i) {
+        Frame& frame = Form1.MFrame[i];
+        const FrameDesign& design = FrameDesigns[i];
+        frame.Name = "MFrame";
+        frame.Caption = design.Caption;
+        frame.Left = design.Left;
+        frame.Top = design.Top;
+        frame.Width = design.Width;
+        frame.Height = 780;
+        Form1.Controls.push_back(&frame);
+    }
+}
+
+void DesignButtons() {
+    for (const ButtonDesign& design : ButtonDesigns) {
+        TileButton& button = Form1.MenuButx[static_cast<std::size_t>(design.Index)];
+        button.Name = "MenuButx";
+        button.Index = design.Index;
+        button.ToolTipText = design.ToolTipText;
+        button.Icon = design.Icon;
+        button.Latches = design.Index == 11 || design.FrameIndex == 1;
+        button.Left = design.Left;
+        button.Top = 240;
+        button.Width = design.Index == 6 ? 500 : 495;
+        button.Height = 450;
+        Form1.MFrame[static_cast<std::size_t>(design.FrameIndex)].Controls.push_back(&button);
+    }
+}
+
+} // namespace
+
+void DesignForm1() {
+    const PanelWindow blank;
+    Form1 = blank;
+    Form1.Name = "Form1";
+    Form1.Caption = "Quillets";
+    Form1.InTaskBar = false;
+    Form1.Left = 150;
+    Form1.Top = 435;
+    Resize(Form1, 3930 + FrameWidth(Form1.Border), 6075 + FrameHeight(Form1.Border));
+    DesignFrames();
+    DesignButtons();
+    DesignTarget();
+    Form1.Menus = {{"quisx",
+                    "Quillets",
+                    {{"px", "Print"},
+                     {"Saveasx", "Save as"},
+                     {"Openx", "Open"},
+                     {"Helpx", "Help"},
+                     {"Aboutx", "About"},
+                     {"dash1", "-"},
+                     {"Exitx", "Exit"}}}};
+}
