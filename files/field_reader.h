@@ -1,0 +1,45 @@
+// Reads a text field by field, as every text file of the game is read.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+/// A field ends at a comma or a line end (LF or CR LF); one read takes the next field wherever it lies.
+/// Blanks around it are dropped.
+class FieldReader {
+  public:
+    explicit FieldReader(std::string_view text) : Rest_(text) {}
+
+    /// True when nothing follows but empty lines.
+    bool AtEnd() const;
+
+    /// True when not one character follows.
+    bool Exhausted() const { return Rest_.empty(); }
+
+    std::string_view NextField();
+
+    /// A field that may stand in double quotes, and then may hold commas.
+    std::string_view NextQuotedField();
+
+    /// A number field: here a blank ends a number as a comma or a line end does.
+    std::string_view NextBlankSeparatedField();
+
+    /// Passes over the rest of the line; false when there is no line end any more.
+    bool SkipLine();
+
+    /// The line, counted from 1, in which the field last read stands.
+    int Line() const { return FieldLine_; }
+
+    /// The line, counted from 1, at which the next read starts.
+    int NextLine() const { return Line_; }
+
+  private:
+    std::string_view Take(std::string_view separators);
+
+    std::string_view Rest_;
+    int Line_ = 1;
+    int FieldLine_ = 1;
+};
+
+/// The value of a field that is one decimal number and nothing else.
+std::optional<double> ParseNumber(std::string_view field);

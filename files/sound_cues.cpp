@@ -1,0 +1,17 @@
+// The commands to the media service.
+#include "files/sound_cues.h"
+
+#include "core/game_state.h"
+#include "platform/desktop.h"
+
+void PlayCue(const std::string& name) {
+    if (Game.SoundOn != Game.FlagOn) return;
+    std::string nothing;
+    mciSendStringA("play " + Game.AppPath + name + ".wav", nothing, 0, nullptr);
+}
+
+void CloseSound() {
+    std::string answer = "0";
+    mciSendStringA("stop mp3", answer, 0, nullptr);
+    mciSendStringA("close all", answer, 0, nullptr);
+}
