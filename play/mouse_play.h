@@ -1,0 +1,19 @@
+// What the mouse does on the board: the left button drags a piece, the right one turns it.
+// A piece is found by its colour on the pick map. A piece in hand is a white outline until it is dropped; the
+// drop is the only place where a position is judged. Board pixels throughout.
+#pragma once
+
+#include <cstdint>
+
+void Picture1_MouseDown(std::int16_t Button, std::int16_t Shift, float X, float Y);
+void Picture1_MouseMove(std::int16_t Button, std::int16_t Shift, float X, float Y);
+void Picture1_MouseUp(std::int16_t Button, std::int16_t Shift, float X, float Y);
+
+/// The mouse was taken away during a press: the piece goes back to where its drag began.
+void Picture1_MouseLost();
+
+/// One turn step, shown on top, with its cue; a turn that completes the figure wins like a drop.
+void TurnPiece(int piece);
+
+/// Paints the polygon in the board's colour on the surface, and with it whatever it drew there.
+void ErasePolygon(class Surface& surface);
