@@ -1,0 +1,147 @@
+// Every call of the game on the desktop, recorded and answered.
+#include "platform_scripted/scripted_desktop.h"
+
+#include <algorithm>
+#include <utility>
+
+ScriptedDesktop Desktop;
+
+namespace {
+
+BoxAnswer FirstButton(BoxButtons buttons) {
+    return buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
+}
+
+void Load(Form& form) {
+    if (form.Loaded) return;
+    form.Loaded = true;
+    Desktop.Loaded.push_back(&form);
+    if (form.Load) form.Load();
+}
+
+bool TakesEvents(const Control& control) {
+    return control.Enabled && control.Visible && !Desktop.Ended;
+}
+
+void Mouse(Picture& picture, MouseHandler handler, std::int16_t button, float x, float y) {
+    if (handler && TakesEvents(picture)) Deliver([&] { handler(button, 0, x, y); });
+}
+
+} // namespace
+
+BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
+                 BoxDefault preset) {
+    Desktop.Boxes.push_back({text, title, buttons, icon, preset});
+    Desktop.Calls.push_back("box " + text);
+    if (Desktop.WhileModal) Desktop.WhileModal();
+    if (Desktop.Answers.empty()) return FirstButton(buttons);
+    const BoxAnswer answer = Desktop.Answers.front();
+    Desktop.Answers.pop_front();
+    return answer;
+}
+
+std::int32_t mciSendStringA(const std::string& command, std::string&, std::int32_t, void*) {
+    Desktop.MediaCommands.push_back(command);
+    Desktop.Calls.push_back("media " + command);
+    return 0;
+}
+
+void ShowForm(Form& form, Modality modality) {
+    Load(form);
+    form.Visible = true;
+    Desktop.Calls.push_back((modality == Modality::Modal ? "show modal " : "show ") + form.Name);
+    if (modality != Modality::Modal) return;
+    if (Desktop.WhileModal) Desktop.WhileModal();
+    form.Visible = false;
+}
+
+void HideForm(Form& form) {
+    form.Visible = false;
+    Desktop.Calls.push_back("hide " + form.Name);
+}
+
+void UnloadForm(Form& form) {
+    if (!form.Loaded) return;
+    Desktop.Calls.push_back("unload " + form.Name);
+    std::int16_t cancel = 0;
+    if (form.Unload) form.Unload(cancel);
+    if (cancel != 0) return;
+    form.Visible = false;
+    form.Loaded = false;
+    std::erase(Desktop.Loaded, &form);
+}
+
+std::vector<Form*> LoadedForms() {
+    return Desktop.Loaded;
+}
+
+void SetFocus(Form& form) {
+    Desktop.Focused = &form;
+    Desktop.Calls.push_back("focus " + form.Name);
+}
+
+void EndProgram() {
+    Desktop.Ended = true;
+    Desktop.Calls.push_back("end");
+    throw ProgramEnded{};
+}
+
+float Timer() {
+    return Desktop.Clock;
+}
+
+std::string ApplicationFolder() {
+    return Desktop.Folder;
+}
+
+bool StartProgram(Form& startForm, const std::string& folder) {
+    ScriptedDesktop fresh;
+    fresh.Folder = folder;
+    fresh.Clock = Desktop.Clock;
+    fresh.Answers = std::move(Desktop.Answers);
+    fresh.WhileModal = std::move(Desktop.WhileModal);
+    Desktop = std::move(fresh);
+    return Deliver([&] {
+        Load(startForm);
+        ShowForm(startForm, Modality::Modeless);
+    });
+}
+
+bool Deliver(const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const ProgramEnded&) {
+        return false;
+    }
+    return true;
+}
+
+void MouseDown(Picture& picture, std::int16_t button, float x, float y) {
+    Mouse(picture, picture.MouseDown, button, x, y);
+}
+
+void MouseMove(Picture& picture, std::int16_t button, float x, float y) {
+    Mouse(picture, picture.MouseMove, button, x, y);
+}
+
+void MouseUp(Picture& picture, std::int16_t button, float x, float y) {
+    Mouse(picture, picture.MouseUp, button, x, y);
+}
+
+void LoseMouse(Picture& picture) {
+    if (picture.MouseLost && !Desktop.Ended) Deliver(picture.MouseLost);
+}
+
+void KeyDown(Picture& picture, std::int16_t keyCode, std::int16_t shift) {
+    if (picture.KeyDown && TakesEvents(picture)) Deliver([&] { picture.KeyDown(keyCode, shift); });
+}
+
+void PressButton(TileButton& button) {
+    if (button.Pressed && TakesEvents(button)) Deliver([&] { button.Pressed(button.Index); });
+}
+
+void ChooseMenuItem(Form& form, const std::string& caption) {
+    for (const Menu& menu : form.Menus)
+        for (const MenuItem& item : menu.Items)
+            if (item.Caption == caption && item.Click && !Desktop.Ended) Deliver(item.Click);
+}

@@ -1,0 +1,61 @@
+// The desktop of the tests: answers boxes from a list and keeps a record of every call. Its surfaces are
+// real, and its mouse obeys the rules of a real one: a disabled or hidden control hears nothing.
+#pragma once
+
+#include "platform/desktop.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+struct BoxCall {
+    std::string Text;
+    std::string Title;
+    BoxButtons Buttons;
+    BoxIcon Icon;
+    BoxDefault Preset;
+};
+
+struct ScriptedDesktop {
+    std::string Folder;
+    float Clock = 0;
+    /// Answers for the boxes to come; when none is left, the first button is pressed.
+    std::deque<BoxAnswer> Answers;
+    /// Runs while a box or a modal form is on screen, before it is answered.
+    std::function<void()> WhileModal;
+
+    std::vector<BoxCall> Boxes;
+    std::vector<std::string> MediaCommands;
+    /// Every call in its order, in words: "box TEXT", "media COMMAND", "show NAME", "focus NAME" and so on.
+    std::vector<std::string> Calls;
+    std::vector<Form*> Loaded;
+    Form* Focused = nullptr;
+    bool Ended = false;
+};
+
+extern ScriptedDesktop Desktop;
+
+/// What EndProgram throws here, for the test that plays the process.
+struct ProgramEnded {};
+
+/// Loads and shows the start-up form, as a real desktop does before its first event. The desktop starts
+/// afresh with the given folder; clock, answers and WhileModal stay as they were set. False when the program
+/// ended itself.
+bool StartProgram(Form& startForm, const std::string& folder);
+
+/// Runs a handler as an event; false when it ended the program.
+bool Deliver(const std::function<void()>& handler);
+
+/// Mouse events of a picture, in pixels of it.
+void MouseDown(Picture& picture, std::int16_t button, float x, float y);
+void MouseMove(Picture& picture, std::int16_t button, float x, float y);
+void MouseUp(Picture& picture, std::int16_t button, float x, float y);
+void LoseMouse(Picture& picture);
+
+/// A key goes to the picture if it can take it.
+void KeyDown(Picture& picture, std::int16_t keyCode, std::int16_t shift);
+
+/// A press on a button of the panel, and the choice of a menu item by its caption.
+void PressButton(TileButton& button);
+void ChooseMenuItem(Form& form, const std::string& caption);
