@@ -1,0 +1,73 @@
+// A widget for each kind of control. It shows its record and passes its events to the record's handlers.
+#pragma once
+
+#include "platform/forms.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QWidget>
+
+/// Which rows of a surface are to be shown: those refreshed, or all that were drawn on.
+enum class ShownRows { Due, Changed };
+
+class PictureWidget : public QWidget {
+  public:
+    PictureWidget(Picture& record, QWidget* parent);
+    void ShowRecord(ShownRows rows);
+    /// Tells the game that no release will follow the press under way, if there is one.
+    void LoseMouse();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    /// Tab is a key of the game here.
+    bool focusNextPrevChild(bool) override { return false; }
+
+  private:
+    void Mouse(MouseHandler handler, const QMouseEvent& event);
+
+    Picture& Record;
+    bool Pressed = false;
+};
+
+class LabelWidget : public QLabel {
+  public:
+    LabelWidget(Label& record, QWidget* parent);
+    void ShowRecord();
+
+  private:
+    Label& Record;
+};
+
+/// A line around its controls, broken by the caption at its top.
+class FrameWidget : public QWidget {
+  public:
+    FrameWidget(Frame& record, QWidget* parent);
+    void ShowRecord();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Frame& Record;
+};
+
+class TileButtonWidget : public QAbstractButton {
+  public:
+    TileButtonWidget(TileButton& record, QWidget* parent);
+    void ShowRecord();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    /// The latch is the game's to set, not a press's.
+    void nextCheckState() override {}
+
+  private:
+    TileButton& Record;
+};

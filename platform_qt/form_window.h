@@ -1,0 +1,43 @@
+// A top-level window that shows a form: its controls, its menus, and its own surface where that is shown.
+#pragma once
+
+#include "platform_qt/control_widgets.h"
+
+#include <functional>
+#include <vector>
+
+class FormWindow : public QWidget {
+  public:
+    explicit FormWindow(Form& record);
+
+    /// Brings the window in line with the record. The place on the screen is set when the window is shown.
+    void ShowRecord(ShownRows rows);
+
+    /// Shows the window at the record's place; one that lies off every screen is moved onto the nearest.
+    void ShowAtPlace();
+
+    /// Ends every press under way on the pictures.
+    void LoseMouse();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void AddControls(const std::vector<ControlRef>& controls, QWidget* parent);
+    void Add(Picture& record, QWidget* parent);
+    void Add(Label& record, QWidget* parent);
+    void Add(TileButton& record, QWidget* parent);
+    void Add(Frame& record, QWidget* parent);
+    template <typename Widget>
+    void ShowLater(Widget* widget);
+    void AddMenus();
+    void Place();
+
+    Form& Record;
+    QWidget* Client;
+    class QMenuBar* MenuBar = nullptr;
+    std::vector<PictureWidget*> Pictures;
+    std::vector<std::function<void()>> OtherControls;
+};

@@ -1,0 +1,171 @@
+// The calls of the game on the desktop, over real windows.
+#include "platform_qt/qt_desktop.h"
+
+#include "platform/desktop.h"
+#include "platform_qt/form_window.h"
+#include "platform_qt/qt_text.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTime>
+#include <cstdlib>
+#include <map>
+#include <memory>
+
+namespace {
+
+std::string Folder;
+std::vector<Form*> Loaded;
+std::map<Form*, std::unique_ptr<FormWindow>> Windows;
+
+void ShowChanges(ShownRows rows) {
+    for (const auto& [form, window] : Windows) window->ShowRecord(rows);
+}
+
+void Load(Form& form) {
+    if (form.Loaded) return;
+    form.Loaded = true;
+    Loaded.push_back(&form);
+    if (form.Load) form.Load();
+}
+
+FormWindow& WindowOf(Form& form) {
+    std::unique_ptr<FormWindow>& window = Windows[&form];
+    if (!window) window = std::make_unique<FormWindow>(form);
+    return *window;
+}
+
+/// The game's colours are light on every desktop, so that black figures stand out.
+void SetLightColours() {
+    QApplication::setStyle("Fusion");
+    QPalette colours(QtColour(ButtonFace));
+    colours.setColor(QPalette::Window, QtColour(ButtonFace));
+    QApplication::setPalette(colours);
+}
+
+QMessageBox::StandardButtons QtButtons(BoxButtons buttons) {
+    switch (buttons) {
+    case BoxButtons::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case BoxButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    default:
+        return QMessageBox::Ok;
+    }
+}
+
+QMessageBox::Icon QtIcon(BoxIcon icon) {
+    switch (icon) {
+    case BoxIcon::Information:
+        return QMessageBox::Information;
+    case BoxIcon::Warning:
+        return QMessageBox::Warning;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+BoxAnswer AnswerOf(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return BoxAnswer::Yes;
+    case QMessageBox::No:
+        return BoxAnswer::No;
+    case QMessageBox::Cancel:
+        return BoxAnswer::Cancel;
+    default:
+        return BoxAnswer::Ok;
+    }
+}
+
+} // namespace
+
+int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder) {
+    // Window places can't be set under Wayland, so the X protocol is preferred where there is a choice.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Quillets");
+    QApplication::setQuitOnLastWindowClosed(false);
+    SetLightColours();
+    Folder = folder;
+    Load(startForm);
+    ShowForm(startForm, Modality::Modeless);
+    return QApplication::exec();
+}
+
+void Deliver(const std::function<void()>& handler) {
+    handler();
+    ShowChanges(ShownRows::Changed);
+}
+
+void PrepareForModal() {
+    for (const auto& [form, window] : Windows) window->LoseMouse();
+    ShowChanges(ShownRows::Due);
+}
+
+BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
+                 BoxDefault preset) {
+    PrepareForModal();
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(title.empty() ? QApplication::applicationName() : QtText(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QtText(text));
+    box.setIcon(QtIcon(icon));
+    box.setStandardButtons(QtButtons(buttons));
+    if (preset == BoxDefault::Second)
+        box.setDefaultButton(buttons == BoxButtons::YesNo ? QMessageBox::No : QMessageBox::Cancel);
+    if (buttons == BoxButtons::YesNo) box.setEscapeButton(QMessageBox::No);
+    return AnswerOf(box.exec());
+}
+
+void ShowForm(Form& form, Modality modality) {
+    Load(form);
+    form.Visible = true;
+    FormWindow& window = WindowOf(form);
+    window.ShowRecord(ShownRows::Changed);
+    window.setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
+    if (modality == Modality::Modal) PrepareForModal();
+    window.ShowAtPlace();
+    if (modality == Modality::Modal)
+        while (form.Visible) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void HideForm(Form& form) {
+    form.Visible = false;
+    if (const auto found = Windows.find(&form); found != Windows.end()) found->second->hide();
+}
+
+void UnloadForm(Form& form) {
+    if (!form.Loaded) return;
+    std::int16_t cancel = 0;
+    if (form.Unload) form.Unload(cancel);
+    if (cancel != 0) return;
+    HideForm(form);
+    form.Loaded = false;
+    std::erase(Loaded, &form);
+}
+
+std::vector<Form*> LoadedForms() {
+    return Loaded;
+}
+
+void SetFocus(Form& form) {
+    FormWindow& window = WindowOf(form);
+    window.activateWindow();
+    window.raise();
+}
+
+void EndProgram() {
+    std::quick_exit(0);
+}
+
+float Timer() {
+    return static_cast<float>(QTime::currentTime().msecsSinceStartOfDay()) / 1000.0F;
+}
+
+std::string ApplicationFolder() {
+    return Folder;
+}

@@ -1,0 +1,18 @@
+// The desktop of real windows. Each handler of the game runs to its end; then the windows show what changed.
+#pragma once
+
+#include "platform/forms.h"
+
+#include <functional>
+#include <string>
+
+/// Loads and shows the start-up form and delivers events until the game ends the process. `folder` is what
+/// ApplicationFolder answers.
+int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder);
+
+/// Runs a handler of the game as an event, and shows what it changed.
+void Deliver(const std::function<void()>& handler);
+
+/// Before a box or a dialog comes up in the middle of a handler: shows what is due, and takes the mouse from
+/// a drag.
+void PrepareForModal();

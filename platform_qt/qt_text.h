@@ -1,0 +1,19 @@
+// From the game's texts, colours and fonts to those of Qt.
+#pragma once
+
+#include "platform/forms.h"
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+
+/// The text with each two-character line break as one.
+QString QtText(const std::string& text);
+
+QColor QtColour(Colour colour);
+
+/// A font of the stated points at 96 dots to the inch, whatever the screen says of itself.
+QFont QtFont(const Font& font);
+
+/// Twips as pixels of the window's own scale.
+int PixelsOf(float twips);

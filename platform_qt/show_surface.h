@@ -1,0 +1,10 @@
+// The one way from pixels of a surface to pixels of a window.
+#pragma once
+
+#include "platform/surface.h"
+
+#include <QPainter>
+
+/// Paints the part of the surface that lies in `exposed` (logical pixels) at its own place. On a scaled
+/// display each pixel is repeated; no colours are ever mixed.
+void ShowSurface(QPainter& painter, const Surface& surface, const QRect& exposed);
