@@ -126,8 +126,7 @@ Region Mapped(const Region& region, Map map, bool reversed) {
 }
 
 int HeadingOf(const Edge& edge) {
-    // Eight headings clockwise from "to the right": the directions 2, 3, 0, 1 and back.
-    constexpr std::array rising = {2, 7, 0, 1};
+    constexpr std::array rising = {4, 1, 2, 3};
     return (rising[edge.direction] + (edge.sense > 0 ? 0 : 4)) % 8;
 }
 
@@ -168,6 +167,14 @@ Point LeastPoint(const Region& region) {
     Point least = StartOf(region.front());
     for (const Edge& edge : region) least = std::min({least, StartOf(edge), EndOf(edge)});
     return least;
+}
+
+int LeastHeading(const Region& region) {
+    const Point least = LeastPoint(region);
+    int first = 8;
+    for (const Edge& edge : region)
+        if (FromOf(edge) == least) first = std::min(first, HeadingOf(edge));
+    return first;
 }
 
 Region Standard(const Region& region) {

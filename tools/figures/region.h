@@ -36,6 +36,10 @@ bool Contains(const Region& region, const std::vector<Point>& outline, const Spa
 // The leftmost point, the upper one of several. The region must not be empty.
 Point LeastPoint(const Region& region);
 
+// The heading in which the boundary leaves the least point, in steps of 45 degrees clockwise from "up":
+// the first of several, when parts of the region touch there.
+int LeastHeading(const Region& region);
+
 // The same region moved to the origin and turned or mirrored into a standard position:
 // equal for two regions exactly when turning by 45 degrees, mirroring and moving makes one into the other.
 Region Standard(const Region& region);
