@@ -1,0 +1,43 @@
+# What ./run and ./check share: the Debian packages they need, and how to get those that are missing.
+# Sourced with bash, in the root of the project.
+
+RunPackages=(g++ cmake ninja-build qt6-base-dev libqt6svg6-dev libcanberra-dev libcanberra-pulse fonts-liberation)
+CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev xvfb xauth openbox xdotool x11-utils
+               imagemagick strace)
+
+Stop() {
+    printf '\n%s: %s\n' "$(basename "$0")" "$*" >&2
+    exit 1
+}
+
+Missing() {
+    local package
+    for package in "$@"; do
+        [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
+    done
+}
+
+AsRoot() {
+    if [[ $(id -u) == 0 ]]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+Apt() {
+    AsRoot env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300 "$@" </dev/null
+}
+
+# Installs those of the packages that are missing; asks nothing.
+NeedPackages() {
+    command -v dpkg-query >/dev/null || Stop "this is no Debian system; build with cmake --preset release, see README.md"
+    local missing
+    mapfile -t missing < <(Missing "$@")
+    [[ ${#missing[@]} == 0 ]] && return
+    [[ $(id -u) == 0 ]] || command -v sudo >/dev/null \
+        || Stop "packages are missing and there is no sudo; as root: apt-get install ${missing[*]}"
+    echo "Installing ${missing[*]}"
+    Apt update || Stop "the lists of packages could not be fetched; is there a network?"
+    Apt install --no-install-recommends --yes "${missing[@]}" || Stop "not all packages could be installed: ${missing[*]}"
+}
