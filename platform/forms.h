@@ -10,10 +10,10 @@
 #include <vector>
 
 /// 15 in both directions, always: a pixel of the game is 1/96 inch, whatever the display makes of it.
-constexpr int TwipsPerPixelX() {
+constexpr std::int16_t TwipsPerPixelX() {
     return 15;
 }
-constexpr int TwipsPerPixelY() {
+constexpr std::int16_t TwipsPerPixelY() {
     return 15;
 }
 
@@ -132,10 +132,10 @@ struct Form {
 /// What border and caption bar take of a form's size, in twips: the metrics of the classic desktop that the
 /// forms' sizes were drawn for. The frame that a window manager really draws lies around the client area.
 constexpr float FrameWidth(BorderStyle border) {
-    return (border == BorderStyle::FixedSingle ? 6 : 8) * TwipsPerPixelX();
+    return (border == BorderStyle::FixedSingle ? 6.0F : 8.0F) * TwipsPerPixelX();
 }
 constexpr float FrameHeight(BorderStyle border) {
-    return (border == BorderStyle::FixedSingle ? 25 : 27) * TwipsPerPixelY();
+    return (border == BorderStyle::FixedSingle ? 25.0F : 27.0F) * TwipsPerPixelY();
 }
 
 /// Size of the client area, without frame and menu bar, in pixels.
