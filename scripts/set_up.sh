@@ -1,7 +1,7 @@
 # What ./run and ./check share: the Debian packages they need, and how to get those that are missing.
 # Sourced with bash, in the root of the project.
 
-RunPackages=(g++ cmake ninja-build qt6-base-dev libqt6svg6-dev libcanberra-dev libcanberra-pulse fonts-liberation)
+RunPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev libcanberra-pulse fonts-liberation)
 CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev xvfb xauth openbox xdotool x11-utils
                imagemagick strace)
 
@@ -11,9 +11,10 @@ Stop() {
 }
 
 Missing() {
-    local package
+    local installed package
+    installed=$(dpkg-query -W -f ' ${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true)
     for package in "$@"; do
-        [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
+        [[ $installed == *" $package installed"* ]] || echo "$package"
     done
 }
 
