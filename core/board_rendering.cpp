@@ -100,6 +100,20 @@ void DrawPieceOnTop(int piece) {
     Game.ActivePiece = -1;
 }
 
+void ErasePolygon(Surface& surface) {
+    surface.FillColor = Game.BoardColor;
+    surface.ForeColor = Game.BoardColor;
+    surface.FillStyle = FillMode::Solid;
+    Polygon(surface, Drawn(Game.TargetPoly));
+}
+
+void ErasePiece(int piece, Surface& surface) {
+    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
+    BuildPolygon(piece, Game.CurTurn, Game.BoardX0 + Game.PieceX[piece], Game.BoardY0 + Game.PieceY[piece],
+                 Game.TargetPoly);
+    ErasePolygon(surface);
+}
+
 void CheckAllTurns() {
     const Flag before = std::exchange(Game.SolvedFlag, Game.FlagOff);
     for (std::int16_t p = 0; p < PieceCount; ++p) CheckPieceTurn(p);

@@ -3,6 +3,8 @@
 // piece lies under the mouse. Pieces are drawn in the order of their numbers; the piece in hand is left out.
 #pragma once
 
+#include "platform/surface.h"
+
 #include <cstdint>
 
 /// Sets the board's fill and outline for the piece, by level, matched turn and shown solution.
@@ -17,6 +19,13 @@ void DrawAllPieces();
 
 /// Draws the piece over all the others.
 void DrawPieceOnTop(int piece);
+
+/// Paints TargetPoly over in the board's colour, outline and inside, and with it whatever it drew on the
+/// surface.
+void ErasePolygon(Surface& surface);
+
+/// Builds TargetPoly for the piece at its present place and erases it from the surface.
+void ErasePiece(int piece, Surface& surface);
 
 /// Runs the turn test for all seven pieces where nobody is waiting for a solved figure. Should it find one,
 /// nothing is announced: the pieces are shown again and the board takes the mouse.

@@ -25,12 +25,6 @@ int PieceAt(float x, float y) {
     return NoPiece;
 }
 
-void BuildPiece(int piece) {
-    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
-    BuildPolygon(piece, Game.CurTurn, Game.BoardX0 + Game.PieceX[piece], Game.BoardY0 + Game.PieceY[piece],
-                 Game.TargetPoly);
-}
-
 void DrawOutline(Colour colour) {
     Surface& board = FormMain.Picture1.Image;
     board.FillColor = colour;
@@ -102,13 +96,6 @@ void Drop(int piece, float x, float y) {
 
 } // namespace
 
-void ErasePolygon(Surface& surface) {
-    surface.FillColor = Game.BoardColor;
-    surface.ForeColor = Game.BoardColor;
-    surface.FillStyle = FillMode::Solid;
-    Polygon(surface, Drawn(Game.TargetPoly));
-}
-
 void Picture1_MouseDown(std::int16_t Button, std::int16_t, float X, float Y) {
     if (Game.ActivePiece != NoPiece) return;
     const int piece = PieceAt(X, Y);
@@ -123,8 +110,7 @@ void Picture1_MouseDown(std::int16_t Button, std::int16_t, float X, float Y) {
 }
 
 void TurnPiece(int piece) {
-    BuildPiece(piece);
-    ErasePolygon(FormMain.Picture1.Image);
+    ErasePiece(piece, FormMain.Picture1.Image);
     FormMain.Picture1.Image.Refresh();
     ErasePolygon(FormMain.Image);
     StepTurn(piece);

@@ -14,6 +14,3 @@ void Picture1_MouseLost();
 
 /// One turn step, shown on top, with its cue; a turn that completes the figure wins like a drop.
 void TurnPiece(int piece);
-
-/// Paints the polygon in the board's colour on the surface, and with it whatever it drew there.
-void ErasePolygon(class Surface& surface);
