@@ -3,8 +3,20 @@
 
 #include "core/board_window.h"
 #include "core/panel_window.h"
+#include "play/keyboard_play.h"
 #include "play/mouse_play.h"
+#include "shell/control_panel.h"
 #include "shell/start_and_stop.h"
+
+namespace {
+
+void SetMenuHandler(Form& form, const char* name, PlainHandler handler) {
+    for (Menu& menu : form.Menus)
+        for (MenuItem& item : menu.Items)
+            if (item.Name == name) item.Click = handler;
+}
+
+} // namespace
 
 void DesignWindows() {
     DesignFormMain();
@@ -14,6 +26,10 @@ void DesignWindows() {
     FormMain.Picture1.MouseMove = Picture1_MouseMove;
     FormMain.Picture1.MouseUp = Picture1_MouseUp;
     FormMain.Picture1.MouseLost = Picture1_MouseLost;
+    FormMain.Picture1.KeyDown = Picture1_KeyDown;
 
     DesignForm1();
+    Form1.CloseRequest = Exitx_Click;
+    for (TileButton& button : Form1.MenuButx) button.Pressed = ButtonPressed;
+    SetMenuHandler(Form1, "Exitx", Exitx_Click);
 }
