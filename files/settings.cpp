@@ -3,7 +3,10 @@
 
 #include "core/game_state.h"
 #include "files/field_reader.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
+
+#include <charconv>
 
 namespace {
 
@@ -11,6 +14,21 @@ constexpr std::size_t LargestFile = 64 << 10;
 
 std::string SettingsPath() {
     return Game.AppPath + "Quillets.cfg";
+}
+
+/// The shortest decimal text that reads back as the same number, with a point in every language.
+std::string Decimal(float number) {
+    std::array<char, 64> text;
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr;
+    return {text.data(), end};
+}
+
+/// The file name behind the last separator; in double quotes where it would not come back as it is.
+std::string CollectionField() {
+    const std::string name = Game.QuilletFile.substr(Game.QuilletFile.rfind(PathSeparator) + 1);
+    const bool plain = name.find(',') == std::string::npos && !name.starts_with(' ') && !name.ends_with(' ');
+    return plain ? name : '"' + name + '"';
 }
 
 } // namespace
@@ -30,4 +48,13 @@ Settings ReadSettings() {
     for (float& place : settings.Placement)
         if (const auto number = ParseNumber(reader.NextBlankSeparatedField())) place = Single(*number);
     return settings;
+}
+
+void WriteSettings(const std::array<float, 4>& placement) {
+    std::string text = CollectionField() + "\r\n";
+    for (const float place : placement) text += ' ' + Decimal(place) + ' ';
+    const FileError error = ReplaceFile(SettingsPath(), text + "\r\n");
+    if (!error.empty())
+        MsgBox("The settings could not be saved:" + Game.LineBreak + SettingsPath() + Game.LineBreak + error
+               + ".");
 }

@@ -18,3 +18,7 @@ void EnsureSettings();
 
 /// What the file holds; the default for whatever can't be read.
 Settings ReadSettings();
+
+/// Puts the name of the collection in memory and these places (panel left, panel top, board left, board top)
+/// into the file. On failure a message tells it, and the old file stays.
+void WriteSettings(const std::array<float, 4>& placement);
