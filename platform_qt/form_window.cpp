@@ -84,7 +84,7 @@ void FormWindow::AddMenus() {
                 shown->addSeparator();
             else
                 connect(shown->addAction(QtText(item.Caption)), &QAction::triggered, this, [&item] {
-                    if (item.Click) Deliver(item.Click);
+                    if (item.Click) DeliverCommand(item.Click);
                 });
         }
     }
@@ -117,7 +117,7 @@ void FormWindow::LoseMouse() {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    Deliver([this] {
+    DeliverCommand([this] {
         if (Record.CloseRequest)
             Record.CloseRequest();
         else

@@ -24,6 +24,10 @@ void ShowChanges(ShownRows rows) {
     for (const auto& [form, window] : Windows) window->ShowRecord(rows);
 }
 
+void LoseMouse() {
+    for (const auto& [form, window] : Windows) window->LoseMouse();
+}
+
 void Load(Form& form) {
     if (form.Loaded) return;
     form.Loaded = true;
@@ -101,8 +105,13 @@ void Deliver(const std::function<void()>& handler) {
     ShowChanges(ShownRows::Changed);
 }
 
+void DeliverCommand(const std::function<void()>& handler) {
+    LoseMouse();
+    Deliver(handler);
+}
+
 void PrepareForModal() {
-    for (const auto& [form, window] : Windows) window->LoseMouse();
+    LoseMouse();
     ShowChanges(ShownRows::Due);
 }
 

@@ -13,6 +13,9 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
 /// Runs a handler of the game as an event, and shows what it changed.
 void Deliver(const std::function<void()>& handler);
 
+/// The same for a button, a menu item or a window's wish to close: a drag under way loses the mouse first.
+void DeliverCommand(const std::function<void()>& handler);
+
 /// Before a box or a dialog comes up in the middle of a handler: shows what is due, and takes the mouse from
 /// a drag.
 void PrepareForModal();

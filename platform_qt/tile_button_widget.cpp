@@ -38,7 +38,7 @@ TileButtonWidget::TileButtonWidget(TileButton& record, QWidget* parent)
     // The keyboard belongs to the board.
     setFocusPolicy(Qt::NoFocus);
     connect(this, &QAbstractButton::clicked, this, [this] {
-        if (Record.Pressed) Deliver([this] { Record.Pressed(Record.Index); });
+        if (Record.Pressed) DeliverCommand([this] { Record.Pressed(Record.Index); });
     });
     ShowRecord();
 }

@@ -27,12 +27,21 @@ void Mouse(Picture& picture, MouseHandler handler, std::int16_t button, float x,
     if (handler && TakesEvents(picture)) Deliver([&] { handler(button, 0, x, y); });
 }
 
+/// A box, a button or a menu takes the mouse from a press under way.
+void TakeMouse() {
+    for (const Form* form : Desktop.Loaded)
+        for (const ControlRef& control : form->Controls)
+            if (Picture* const* picture = std::get_if<Picture*>(&control); picture && (*picture)->MouseLost)
+                (*picture)->MouseLost();
+}
+
 } // namespace
 
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
                  BoxDefault preset) {
     Desktop.Boxes.push_back({text, title, buttons, icon, preset});
     Desktop.Calls.push_back("box " + text);
+    TakeMouse();
     if (Desktop.WhileModal) Desktop.WhileModal();
     if (Desktop.Answers.empty()) return FirstButton(buttons);
     const BoxAnswer answer = Desktop.Answers.front();
@@ -137,10 +146,13 @@ void KeyDown(Picture& picture, std::int16_t keyCode, std::int16_t shift) {
 }
 
 void PressButton(TileButton& button) {
-    if (button.Pressed && TakesEvents(button)) Deliver([&] { button.Pressed(button.Index); });
+    if (!button.Pressed || !TakesEvents(button)) return;
+    TakeMouse();
+    Deliver([&] { button.Pressed(button.Index); });
 }
 
 void ChooseMenuItem(Form& form, const std::string& caption) {
+    TakeMouse();
     for (const Menu& menu : form.Menus)
         for (const MenuItem& item : menu.Items)
             if (item.Caption == caption && item.Click && !Desktop.Ended) Deliver(item.Click);
