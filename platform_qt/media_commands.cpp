@@ -76,7 +76,7 @@ bool Connect(Library& library) {
 }
 
 void Play(Library& library, const Order& order) {
-    // Connecting first, since that alone may take long enough to make the cue stale.
+    // Asked after connecting, which alone may take until the cue is stale.
     if (!Connect(library) || Clock::now() - order.Given > Patience) return;
     const int result = library.Play(library.Context, 0, CA_PROP_MEDIA_FILENAME, order.Path.c_str(),
                                     CA_PROP_MEDIA_ROLE, "game", nullptr);
@@ -100,7 +100,7 @@ Order NextOrder() {
         const Order order = NextOrder();
         if (order.Path.empty())
             Close(library);
-        else if (Clock::now() - order.Given <= Patience)
+        else
             Play(library, order);
     }
 }

@@ -1,5 +1,5 @@
-// A made-up sound library: it plays nothing, and notes every call in the file that CALL_NOTES names.
-// A file called missing.wav is not found, at lost.wav the server goes away, and slow.wav takes 3 seconds.
+// A made-up sound library that plays nothing, and notes every call in the file that CALL_NOTES names. It
+// lacks missing.wav, loses the server at lost.wav, and with SLOW_OPENING set takes 3 seconds to open.
 #include <canberra.h>
 #include <cstdarg>
 #include <cstdlib>
@@ -25,6 +25,7 @@ int ca_context_change_props(ca_context*, ...) {
 }
 
 int ca_context_open(ca_context*) {
+    if (std::getenv("SLOW_OPENING") != nullptr) sleep(3);
     Note("open");
     return CA_SUCCESS;
 }
@@ -44,7 +45,6 @@ int ca_context_play(ca_context*, std::uint32_t id, ...) {
         if (key == std::string(CA_PROP_MEDIA_FILENAME)) path = value;
     }
     va_end(properties);
-    if (path == "slow.wav") sleep(3);
     Note("play " + path);
     if (path == "missing.wav") return CA_ERROR_NOTFOUND;
     return path == "lost.wav" ? CA_ERROR_DISCONNECTED : CA_SUCCESS;

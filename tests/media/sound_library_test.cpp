@@ -69,15 +69,17 @@ void PlayAfterFailures() {
 }
 
 void PlayWhileTheLibraryHangs() {
-    Send("play slow.wav");
+    setenv("SLOW_OPENING", "yes", 1);
     Send("play stale.wav");
+    Send("play waiting.wav");
     usleep(2'500'000);
     Send("play unwanted.wav");
     Require(Threads() == 2, "a second worker was started");
-    Await("open\nplay slow.wav\n");
-    sleep(1);
+    Await("open\n");
+    // Time to do wrong: to play what has been waiting all the while.
+    usleep(500'000);
     Send("play fresh.wav");
-    Await("open\nplay slow.wav\nplay fresh.wav\n");
+    Await("open\nplay fresh.wav\n");
     std::quick_exit(0);
 }
 } // namespace
