@@ -51,8 +51,9 @@ class SoundLibrary : public testing::Test {
 };
 
 void SendCommandsAroundTheFirstCue() {
+    const auto threads = Threads();
     Require(Send("stop mp3") == 0 && Send("close all") == 0, "refused a command");
-    Require(Threads() == 1, "started a thread with nothing to play");
+    Require(Threads() == threads, "started a thread with nothing to play");
     Require(Send("pause mp3") != 0 && Send("play ") != 0 && Send("") != 0, "took a command it cannot know");
     Require(Send("play /a folder/two  blanks.wav") == 0 && Send("play b.wav") == 0, "refused a cue");
     Await("open\nplay /a folder/two  blanks.wav\nplay b.wav\n");
@@ -71,10 +72,11 @@ void PlayAfterFailures() {
 void PlayWhileTheLibraryHangs() {
     setenv("SLOW_OPENING", "yes", 1);
     Send("play stale.wav");
+    const auto threads = Threads();
     Send("play waiting.wav");
     usleep(2'500'000);
     Send("play unwanted.wav");
-    Require(Threads() == 2, "a second worker was started");
+    Require(Threads() == threads, "a second worker was started");
     Await("open\n");
     // Time to do wrong: to play what has been waiting all the while.
     usleep(500'000);
