@@ -1,0 +1,134 @@
+// Runs one case beside the game.
+#include "tests/windows/game_thread.h"
+
+#include "core/board_window.h"
+#include "platform_qt/qt_desktop.h"
+#include "shell/events.h"
+#include "tests/windows/player.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QThread>
+#include <atomic>
+#include <cmath>
+#include <cstdlib>
+#include <future>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <thread>
+
+namespace {
+
+constexpr std::chrono::seconds Patience(10);
+constexpr std::chrono::milliseconds Pause(5);
+
+std::promise<void> Curtain;
+std::atomic<bool> EndExpected = false;
+std::function<bool()> EndCheck;
+BoardEvents Seen;
+
+/// Stands on the game's thread and watches the mouse events that reach the board's picture.
+class Watcher : public QObject {
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (receiver->objectName() != "Picture1") return false;
+        const QEvent::Type type = event->type();
+        const bool press = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+        const bool release = type == QEvent::MouseButtonRelease;
+        if (!press && !release && type != QEvent::MouseMove) return false;
+        const QPointF position = static_cast<QMouseEvent*>(event)->position();
+        Seen.Pixel = QPoint(int(std::floor(position.x())), int(std::floor(position.y())));
+        Seen.Presses += press;
+        Seen.Releases += release;
+        return false;
+    }
+};
+
+Watcher* TheWatcher = nullptr;
+
+std::filesystem::path NewFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "program.XXXXXX").string();
+    if (!mkdtemp(name.data())) throw std::runtime_error("no folder for the program");
+    return name;
+}
+
+/// Runs at every exit of the process but the case's own.
+void JudgeEnd() {
+    if (EndExpected && EndCheck()) return;
+    std::cout << "The game ended the process" << (EndExpected ? " in the wrong state" : "") << std::endl;
+    std::_Exit(EXIT_FAILURE);
+}
+
+void RunCase() {
+    const int result = RUN_ALL_TESTS();
+    std::cout.flush();
+    std::_Exit(result);
+}
+
+} // namespace
+
+const std::filesystem::path& Folder() {
+    static const std::filesystem::path folder = NewFolder();
+    return folder;
+}
+
+void StartGame() {
+    std::filesystem::copy_file(COLLECTION, Folder() / "QUILLET.qui");
+    StartGameWithoutCollection();
+    OnGameThread([] { QApplication::instance()->installEventFilter(TheWatcher); });
+    Await("the two windows of the game", [] { return Clients().size() == 2; });
+}
+
+void StartGameWithoutCollection() {
+    Curtain.set_value();
+}
+
+void OnGameThread(const std::function<void()>& call) {
+    const bool there = QThread::currentThread() == TheWatcher->thread();
+    QMetaObject::invokeMethod(TheWatcher, call, there ? Qt::DirectConnection : Qt::BlockingQueuedConnection);
+}
+
+void Await(const std::string& what, const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + Patience;
+    while (!Ask(condition)) {
+        if (std::chrono::steady_clock::now() > deadline) {
+            std::cout << "Waited in vain for " << what << std::endl;
+            std::_Exit(EXIT_FAILURE);
+        }
+        std::this_thread::sleep_for(Pause);
+    }
+}
+
+void ExpectEnd(const std::function<void()>& act, const std::function<bool()>& check) {
+    EndCheck = check;
+    EndExpected = true;
+    act();
+    std::this_thread::sleep_for(Patience);
+    ADD_FAILURE() << "the game goes on";
+}
+
+BoardEvents SeenByBoard() {
+    return Ask([] { return Seen; });
+}
+
+QWidget* WindowNamed(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == name) return window;
+    return nullptr;
+}
+
+QMessageBox* OpenBox() {
+    return dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    Watcher watcher;
+    TheWatcher = &watcher;
+    std::atexit(JudgeEnd);
+    std::at_quick_exit(JudgeEnd);
+    std::thread(RunCase).detach();
+    Curtain.get_future().wait();
+    DesignWindows();
+    return RunDesktop(argc, argv, FormMain, Folder().string());
+}
