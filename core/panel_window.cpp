@@ -82,7 +82,7 @@ void DesignButtons() {
         button.Name = "MenuButx";
         button.Index = design.Index;
         button.ToolTipText = design.ToolTipText;
-        button.Icon = design.Icon;
+        button.Picture = design.Icon;
         button.Latches = design.Index == 11 || design.FrameIndex == 1;
         button.Left = design.Left;
         button.Top = 240;

@@ -19,6 +19,9 @@ constexpr std::int16_t TwipsPerPixelY() {
 
 /// The light face of windows, frames and buttons, fixed so that black figures stand out on every desktop.
 constexpr Colour ButtonFace = Rgb(240, 240, 240);
+constexpr Colour WindowText = Rgb(0, 0, 0);
+constexpr Colour Highlight3D = Rgb(255, 255, 255);
+constexpr Colour Shadow3D = Rgb(160, 160, 160);
 
 /// What a backend calls for events. Mouse: Button 1 left, 2 right, 4 middle; Shift 1 Shift, 2 Ctrl, 4 Alt,
 /// added up. X and Y in pixels on a picture, in twips on a form.
@@ -64,12 +67,27 @@ struct Picture : Control {
     PlainHandler MouseLost = nullptr;
 };
 
-/// The panel's icon button: no caption, its command is its hover text.
+/// The panel's icon button: without a caption, its command is its hover text.
 struct TileButton : Control {
     std::int16_t Index = 0;
     std::string ToolTipText;
-    /// File name of the icon, without folder and extension.
-    std::string Icon;
+    /// The icon: a file name without folder and extension.
+    std::string Picture;
+    std::string Caption;
+    ::Font Font = {"MS Sans Serif", 8.25F, false};
+    Colour ForeColor = WindowText;
+    Colour BackColor = ButtonFace;
+    /// The ground behind the icon.
+    Colour PicBack = ButtonFace;
+    Colour BorderTop = Highlight3D;
+    Colour BorderLeft = Highlight3D;
+    Colour BorderRight = Shadow3D;
+    Colour BorderBottom = Shadow3D;
+    /// Natural size, in 0.01 mm.
+    std::int32_t ExtentX = 873;
+    std::int32_t ExtentY = 794;
+    /// 0: the icon in the middle.
+    std::int16_t DrawStyle = 0;
     /// Whether the button is one that can be switched on at all.
     bool Latches = false;
     bool Latched = false;

@@ -78,7 +78,8 @@ class Surface {
     /// How often Refresh was called.
     long RefreshCount() const { return RefreshCount_; }
 
-    /// Hands over the rows that Refresh made due since the last call: what a box in the middle of a handler shows.
+    /// Hands over the rows that Refresh made due since the last call: what a box in the middle of a handler
+    /// shows.
     RowRange TakeDueRows();
 
     /// Hands over all rows drawn on since the last call: what is shown when a handler has ended.

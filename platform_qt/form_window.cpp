@@ -7,6 +7,7 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
@@ -40,6 +41,7 @@ QPoint OnScreen(QRect window) {
 FormWindow::FormWindow(Form& record)
     : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new QWidget(this)) {
     setObjectName(QString::fromStdString(record.Name));
+    setWindowIcon(QIcon(":/icons/quillets.svg"));
     AddMenus();
     AddControls(record.Controls, Client);
     ShowRecord(ShownRows::Changed);

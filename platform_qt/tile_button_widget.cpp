@@ -10,20 +10,30 @@ namespace {
 
 constexpr int IconSize = 32;
 
-constexpr Colour HoverFace = Rgb(252, 252, 252);
+/// Under the pointer a button is lighter, and darker while it is latched.
+constexpr Colour HoverFace = Rgb(255, 255, 255);
 constexpr Colour LatchedFace = Rgb(208, 208, 208);
-constexpr Colour Highlight = Rgb(255, 255, 255);
-constexpr Colour Shadow = Rgb(160, 160, 160);
+/// The frame of a latched button tells it from the others without any colour.
 constexpr Colour LatchFrame = Rgb(64, 64, 64);
+constexpr int LatchFrameWidth = 2;
 
-/// One pixel of light from the top left, or of shadow when sunken.
-void DrawBevel(QPainter& painter, const QRect& box, bool sunken) {
-    const QColor topLeft = QtColour(sunken ? Shadow : Highlight);
-    const QColor bottomRight = QtColour(sunken ? Highlight : Shadow);
-    painter.fillRect(box.left(), box.top(), box.width(), 1, topLeft);
-    painter.fillRect(box.left(), box.top(), 1, box.height(), topLeft);
-    painter.fillRect(box.left(), box.bottom(), box.width(), 1, bottomRight);
-    painter.fillRect(box.right(), box.top(), 1, box.height(), bottomRight);
+/// The four borders, light from the top left; the other way round when sunken.
+void DrawBorders(QPainter& painter, const TileButton& button, const QRect& box, bool sunken) {
+    painter.fillRect(box.left(), box.top(), box.width(), 1,
+                     QtColour(sunken ? button.BorderBottom : button.BorderTop));
+    painter.fillRect(box.left(), box.top(), 1, box.height(),
+                     QtColour(sunken ? button.BorderRight : button.BorderLeft));
+    painter.fillRect(box.left(), box.bottom(), box.width(), 1,
+                     QtColour(sunken ? button.BorderTop : button.BorderBottom));
+    painter.fillRect(box.right(), box.top(), 1, box.height(),
+                     QtColour(sunken ? button.BorderLeft : button.BorderRight));
+}
+
+void DrawLatchFrame(QPainter& painter, const QRect& box) {
+    QPen pen(QtColour(LatchFrame), LatchFrameWidth);
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(pen);
+    painter.drawRect(box.adjusted(1, 1, -1, -1));
 }
 
 } // namespace
@@ -52,18 +62,14 @@ void TileButtonWidget::ShowRecord() {
 void TileButtonWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool sunken = isDown() || isChecked();
-    const Colour face = isChecked() ? LatchedFace : underMouse() ? HoverFace : ButtonFace;
+    const Colour face = isChecked() ? LatchedFace : underMouse() ? HoverFace : Record.BackColor;
     painter.fillRect(rect(), QtColour(face));
-    const QPointF corner((width() - IconSize) / 2 + sunken, (height() - IconSize) / 2 + sunken);
-    QSvgRenderer icon(QString(":/icons/%1.svg").arg(QString::fromStdString(Record.Icon)));
-    painter.setRenderHint(QPainter::Antialiasing);
+    // A pressed icon gives way by one pixel.
+    const QPoint corner((width() - IconSize) / 2 + isDown(), (height() - IconSize) / 2 + isDown());
+    QSvgRenderer icon(QString(":/icons/%1.svg").arg(QString::fromStdString(Record.Picture)));
     icon.render(&painter, QRectF(corner, QSizeF(IconSize, IconSize)));
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    DrawBevel(painter, rect(), sunken);
-    if (!isChecked()) return;
-    for (const QRect& side : {QRect(0, 0, width(), 2), QRect(0, height() - 2, width(), 2),
-                              QRect(0, 0, 2, height()), QRect(width() - 2, 0, 2, height())})
-        painter.fillRect(side, QtColour(LatchFrame));
+    DrawBorders(painter, Record, rect(), sunken);
+    if (isChecked()) DrawLatchFrame(painter, rect());
 }
 
 void TileButtonWidget::enterEvent(QEnterEvent* event) {
