@@ -1,0 +1,39 @@
+// The conversions at the edges of their ranges.
+#include "platform/value_kinds.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+TEST(ValueKindsTest, ConversionsRoundTiesToEvenFloorDownwardAndSaturate) {
+    constexpr double Lowest = -2147483648.0, Highest = 2147483647.0;
+    // The value, and what it is as the nearest 16 bits, the nearest 32, and the floor.
+    const double cases[][4] = {{1.5, 2, 2, 1},
+                               {2.5, 2, 2, 2},
+                               {-0.5, 0, 0, -1},
+                               {-2.5, -2, -2, -3},
+                               {0.49999999999999994, 0, 0, 0},
+                               {65537, 32767, 65537, 65537},
+                               {-32768.5, -32768, -32768, -32769},
+                               {Highest + 0.5, 32767, Highest, Highest},
+                               {Lowest - 0.5, -32768, Lowest, Lowest},
+                               {INFINITY, 32767, Highest, Highest},
+                               {-INFINITY, -32768, Lowest, Lowest},
+                               {NAN, 0, 0, 0}};
+    for (const auto& [value, nearest16, nearest32, floor] : cases) {
+        EXPECT_EQ(NearestInt16(value), nearest16) << value;
+        EXPECT_EQ(NearestInt32(value), nearest32) << value;
+        EXPECT_EQ(FloorInt32(value), floor) << value;
+    }
+    EXPECT_EQ(FloorNumber(-4294967296.25), -4294967297.0);
+    EXPECT_TRUE(std::isnan(FloorNumber(NAN)));
+    EXPECT_EQ(Single(16777217), 16777216);
+    EXPECT_EQ(Single(16777219), 16777220);
+}
+
+TEST(ValueKindsTest, ColoursAreMixedOfRedGreenAndBlueBits) {
+    for (int entry = 0; entry < 16; ++entry) {
+        const auto part = [&](int bit) { return entry & bit ? (entry < 8 ? 128 : 255) : 0; };
+        const Colour mixed = Rgb(part(4), part(2), part(1));
+        EXPECT_EQ(QBColor(entry), entry == 7 ? 0xC0C0C0 : entry == 8 ? 0x808080 : mixed) << entry;
+    }
+}
