@@ -102,7 +102,7 @@ void ExpectRowsChanged(Surface& surface, const Surface& before) {
 
 TEST(ChangedRowsTest, AreThoseThatWereDrawnOn) {
     for (const Shape& shape : RandomShapes(1000)) {
-        Surface drawn(60, Between(1, 40), Ground);
+        Surface drawn(70, Between(1, 40), Ground);
         drawn.TakeChangedRows();
         const Surface bare = drawn, image(40, Between(1, 40), Outline);
         Surface copied = bare;
