@@ -1,15 +1,17 @@
-// Real events and real screenshots.
-#include "tests/windows/player.h"
+// Real events, and a look at the real screen, on a connection of its own to the display.
+#include "core/board_window.h"
+#include "tests/windows/stage.h"
 
-#include "tests/windows/game_thread.h"
-
-#include <QWidget>
-#include <algorithm>
+#include <QLabel>
+#include <QMessageBox>
 #include <cmath>
+#include <gtest/gtest.h>
 // clang-format off: the words that these define break every header after them
+#define Font XFont
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
+#undef Font
 // clang-format on
 
 namespace {
@@ -23,58 +25,15 @@ Window Root() {
     return DefaultRootWindow(Connection());
 }
 
-Atom AtomOf(const char* name) {
-    return XInternAtom(Connection(), name, False);
+QPoint DevicePixel(QPointF place, double scale) {
+    return {NearestInt32(std::floor(place.x() * scale)), NearestInt32(std::floor(place.y() * scale))};
 }
 
-/// The bytes of a property; a list of 32-bit values comes as longs.
-std::string Property(Window window, const char* name) {
-    Atom type = 0;
-    int format = 0;
-    unsigned long count = 0, rest = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(Connection(), window, AtomOf(name), 0, 4096, False, AnyPropertyType, &type, &format,
-                       &count, &rest, &data);
-    if (!data) return {};
-    const std::string bytes(reinterpret_cast<char*>(data),
-                            count * (format == 32 ? sizeof(long) : static_cast<std::size_t>(format) / 8));
-    XFree(data);
-    return bytes;
-}
-
-std::vector<unsigned long> LongsOf(Window window, const char* name) {
-    const std::string bytes = Property(window, name);
-    const auto* first = reinterpret_cast<const unsigned long*>(bytes.data());
-    return {first, first + bytes.size() / sizeof(long)};
-}
-
-void SendMessage(Window receiver, Window about, const char* kind, long first, long mask) {
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = about;
-    event.xclient.message_type = AtomOf(kind);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = first;
-    event.xclient.data.l[1] = CurrentTime;
-    XSendEvent(Connection(), receiver, False, mask, &event);
-    XSync(Connection(), False);
-}
-
-QPoint OnScreen(Window window, QPoint place) {
+QPoint CornerOnScreen(Window window) {
     int x = 0, y = 0;
     Window child = 0;
-    XTranslateCoordinates(Connection(), window, Root(), place.x(), place.y(), &x, &y, &child);
+    XTranslateCoordinates(Connection(), window, Root(), 0, 0, &x, &y, &child);
     return {x, y};
-}
-
-/// The middle of a board pixel in device pixels of the board's window.
-QPoint OnDevice(QPoint pixel) {
-    const auto middle = Ask([&] {
-        QWidget* board = WindowNamed("FormMain");
-        const auto* picture = board->findChild<QWidget*>("Picture1");
-        return QPointF(picture->mapTo(board, pixel) + QPointF(0.5, 0.5)) * board->devicePixelRatio();
-    });
-    return {static_cast<int>(std::floor(middle.x())), static_cast<int>(std::floor(middle.y()))};
 }
 
 /// Sends a button event and waits for the board to count it.
@@ -85,14 +44,29 @@ void SendButton(MouseButton button, bool down, int BoardEvents::*counter) {
     Await("a button event on the board", [&] { return SeenByBoard().*counter > before; });
 }
 
+/// A pixel where the piece shows on the pick map, and well around it.
+QPoint InsideOf(int piece) {
+    const auto shows = [&](int x, int y) { return FormMain.Image.Point(x, y) == Game.PieceRGB[piece]; };
+    for (int y = 0; y < FormMain.Image.Height(); ++y)
+        for (int x = 0; x < FormMain.Image.Width(); ++x)
+            if (shows(x, y) && shows(x - 4, y) && shows(x + 4, y) && shows(x, y - 4) && shows(x, y + 4))
+                return {x, y};
+    ADD_FAILURE() << "piece " << piece << " shows nowhere";
+    return {};
+}
+
 } // namespace
 
 void MoveTo(int x, int y) {
-    const QPoint target = OnScreen(IdOf("FormMain"), OnDevice({x, y}));
+    const QPoint target = Ask([&] {
+        QWidget* window = WindowNamed("FormMain");
+        const QPoint place = window->findChild<QWidget*>("Picture1")->pos() + QPoint(x, y);
+        return CornerOnScreen(window->winId())
+               + DevicePixel(place + QPointF(0.5, 0.5), window->devicePixelRatio());
+    });
     XTestFakeMotionEvent(Connection(), -1, target.x(), target.y(), CurrentTime);
     XSync(Connection(), False);
-    Await("the pointer on the board at " + std::to_string(x) + ", " + std::to_string(y),
-          [&] { return SeenByBoard().Pixel == QPoint(x, y); });
+    Await("the pointer on the board", [&] { return SeenByBoard().Pixel == QPoint(x, y); });
 }
 
 void Press(MouseButton button) {
@@ -103,8 +77,61 @@ void Release(MouseButton button) {
     SendButton(button, false, &BoardEvents::Releases);
 }
 
-void LetGo(MouseButton button) {
-    XTestFakeButtonEvent(Connection(), static_cast<unsigned>(button), False, CurrentTime);
+QPoint PressInside(int piece, MouseButton button) {
+    const QPoint place = Ask([&] { return InsideOf(piece); });
+    MoveTo(place.x(), place.y());
+    Press(button);
+    return place;
+}
+
+Hold TakeInHand(int piece) {
+    Hold hold;
+    OnGameThread([&] { hold = {Game.PieceX[piece], Game.PieceY[piece], {}}; });
+    hold.Pointer = PressInside(piece, MouseButton::Left) + QPoint(3, -2);
+    MoveTo(hold.Pointer.x(), hold.Pointer.y());
+    return hold;
+}
+
+void Carry(const Hold& hold, Number x, Number y) {
+    const QPoint way = QPointF(x - hold.FromX, y - hold.FromY).toPoint();
+    MoveTo(hold.Pointer.x() + way.x() / 2, hold.Pointer.y() + way.y() / 3);
+    MoveTo(hold.Pointer.x() + way.x(), hold.Pointer.y() + way.y());
+}
+
+void Drag(int piece, Number x, Number y) {
+    Carry(TakeInHand(piece), x, y);
+    Release(MouseButton::Left);
+}
+
+std::string TitleOf(WindowId window) {
+    char* name = nullptr;
+    XFetchName(Connection(), window, &name);
+    const std::string title = name ? name : "";
+    XFree(name);
+    return title;
+}
+
+bool HasFixedSize(WindowId window) {
+    XSizeHints hints{};
+    long supplied = 0;
+    XGetWMNormalHints(Connection(), window, &hints, &supplied);
+    return (supplied & PMinSize) && (supplied & PMaxSize) && hints.min_width == hints.max_width
+           && hints.min_height == hints.max_height;
+}
+
+void MoveAside(WindowId window) {
+    XMoveWindow(Connection(), window, 900, 20);
+    XSync(Connection(), False);
+}
+
+void RequestClose(WindowId window) {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(Connection(), "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(Connection(), "WM_DELETE_WINDOW", False));
+    XSendEvent(Connection(), window, False, NoEventMask, &event);
     XSync(Connection(), False);
 }
 
@@ -115,53 +142,57 @@ void PressEnter() {
     XSync(Connection(), False);
 }
 
-std::vector<WindowId> Clients() {
-    return LongsOf(Root(), "_NET_CLIENT_LIST");
-}
-
-std::string TitleOf(WindowId window) {
-    return Property(window, "_NET_WM_NAME");
-}
-
-bool Resizable(WindowId window) {
-    const std::vector<unsigned long> actions = LongsOf(window, "_NET_WM_ALLOWED_ACTIONS");
-    return std::count(actions.begin(), actions.end(), AtomOf("_NET_WM_ACTION_RESIZE")) > 0;
-}
-
-WindowId IdOf(const char* name) {
-    return Ask([&] { return static_cast<WindowId>(WindowNamed(name)->winId()); });
-}
-
-QImage ScreenAt(WindowId window) {
-    XWindowAttributes attributes;
-    XGetWindowAttributes(Connection(), window, &attributes);
-    const QPoint corner = OnScreen(window, {0, 0});
-    const auto width = static_cast<unsigned>(attributes.width),
-               height = static_cast<unsigned>(attributes.height);
-    XImage* shot = XGetImage(Connection(), Root(), corner.x(), corner.y(), width, height, AllPlanes, ZPixmap);
-    QImage result(attributes.width, attributes.height, QImage::Format_RGB32);
-    for (int y = 0; y < result.height(); ++y)
-        for (int x = 0; x < result.width(); ++x)
-            result.setPixel(x, y, static_cast<unsigned>(XGetPixel(shot, x, y)));
-    XDestroyImage(shot);
-    return result;
-}
-
-void DragAside(WindowId window) {
-    XMoveWindow(Connection(), window, 900, 20);
+void OpenAnotherProgram() {
+    XMapWindow(Connection(), XCreateSimpleWindow(Connection(), Root(), 800, 500, 200, 200, 0, 0, 0));
     XSync(Connection(), False);
 }
 
-void Close(WindowId window) {
-    SendMessage(window, window, "WM_PROTOCOLS", static_cast<long>(AtomOf("WM_DELETE_WINDOW")), NoEventMask);
+std::vector<Surface::Pixel> BoardWindowOnScreen() {
+    return Ask([] {
+        const QWidget* window = WindowNamed("FormMain");
+        const double scale = window->devicePixelRatio();
+        const QPoint corner = CornerOnScreen(window->winId());
+        const QPoint size = DevicePixel(QPointF(window->width(), window->height()), scale);
+        XImage* shot =
+            XGetImage(Connection(), Root(), corner.x(), corner.y(), static_cast<unsigned>(size.x()),
+                      static_cast<unsigned>(size.y()), AllPlanes, ZPixmap);
+        std::vector<Surface::Pixel> pixels;
+        for (int y = 0; y < window->height(); ++y)
+            for (int x = 0; x < window->width(); ++x) {
+                const QPoint place = DevicePixel({x + 0.5, y + 0.5}, scale);
+                pixels.push_back(0xFF000000U | static_cast<unsigned>(XGetPixel(shot, place.x(), place.y())));
+            }
+        XDestroyImage(shot);
+        return pixels;
+    });
 }
 
-void TurnToAnotherProgram() {
-    const Window window = XCreateSimpleWindow(Connection(), Root(), 800, 500, 200, 200, 0, 0, 0);
-    XMapWindow(Connection(), window);
-    Await("another window", [&] { return std::ranges::count(Clients(), window) == 1; });
-    constexpr long FromThePlayer = 2;
-    SendMessage(Root(), window, "_NET_ACTIVE_WINDOW", FromThePlayer,
-                SubstructureRedirectMask | SubstructureNotifyMask);
-    Await("its activation", [&] { return LongsOf(Root(), "_NET_ACTIVE_WINDOW").at(0) == window; });
+void AwaitBoardOnScreen() {
+    Await("the board on the screen", [] {
+        const std::vector<Surface::Pixel> screen = BoardWindowOnScreen();
+        const QWidget* window = WindowNamed("FormMain");
+        const QRect picture = window->findChild<QWidget*>("Picture1")->geometry();
+        const QRect label = window->findChild<QLabel*>()->geometry();
+        auto shown = screen.begin();
+        for (int y = 0; y < window->height(); ++y)
+            for (int x = 0; x < window->width(); ++x, ++shown) {
+                constexpr Surface::Pixel Face = 0xFFF0F0F0;
+                const bool board = picture.contains(x, y);
+                const Surface& surface = FormMain.Picture1.Image;
+                if (!label.contains(x, y)
+                    && *shown != (board ? surface.Row(y - picture.top())[x - picture.left()] : Face))
+                    return false;
+            }
+        return true;
+    });
+}
+
+void AwaitBox(const std::string& text) {
+    Await("a box with the keyboard", [] {
+        Window focus = 0;
+        int revert = 0;
+        XGetInputFocus(Connection(), &focus, &revert);
+        return OpenBox() && OpenBox()->isActiveWindow() && focus == OpenBox()->winId();
+    });
+    EXPECT_EQ(Ask([] { return OpenBox()->text().toStdString(); }), text);
 }

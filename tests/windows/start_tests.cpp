@@ -1,33 +1,36 @@
 // How the program comes up, and how it ends.
-#include "tests/windows/board.h"
-#include "tests/windows/game_thread.h"
-#include "tests/windows/player.h"
+#include "tests/windows/stage.h"
 
 #include <QLabel>
-#include <QMessageBox>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 
-TEST(Start, ShowsBoardAndPanelAndNothingOfThePickMap) {
-    StartGame();
-    const WindowId board = IdOf("FormMain"), panel = IdOf("Form1");
-    EXPECT_EQ(TitleOf(board), "File: " + (Folder() / "QUILLET.qui").string());
-    EXPECT_EQ(TitleOf(panel), "Quillets");
-    EXPECT_FALSE(Resizable(board));
-    EXPECT_FALSE(Resizable(panel));
-    const auto placeOf = [](auto find) {
-        return Ask([&] { return find(WindowNamed("FormMain"))->geometry(); });
-    };
-    EXPECT_EQ(placeOf([](QWidget* window) { return window->findChild<QWidget*>("Picture1"); }),
-              QRect(4, 6, 350, 390));
-    const QRect label = placeOf([](QWidget* window) { return window->findChild<QLabel*>(); });
-    EXPECT_EQ(label, QRect(6, 396, 350, 20));
-    AwaitBoardOnScreen();
-    EXPECT_EQ(ScreenAt(board).pixel(label.topLeft()), qRgb(192, 0, 0));
+namespace {
+
+WindowId IdOf(const char* name) {
+    return Ask([&] { return static_cast<WindowId>(WindowNamed(name)->winId()); });
 }
 
-TEST(Start, WithoutACollectionLeavesDefaultSettingsAndEnds) {
+} // namespace
+
+TEST(Program, ShowsBoardAndPanelAndNothingOfThePickMap) {
+    StartGame();
+    EXPECT_EQ(TitleOf(IdOf("FormMain")), "File: " + (Folder() / "QUILLET.qui").string());
+    EXPECT_EQ(TitleOf(IdOf("Form1")), "Quillets");
+    EXPECT_TRUE(HasFixedSize(IdOf("FormMain")));
+    EXPECT_TRUE(HasFixedSize(IdOf("Form1")));
+    const std::vector<Surface::Pixel> screen = BoardWindowOnScreen();
+    OnGameThread([&] {
+        QWidget* window = WindowNamed("FormMain");
+        EXPECT_EQ(window->findChild<QWidget*>("Picture1")->geometry(), QRect(4, 6, 350, 390));
+        const QRect label = window->findChild<QLabel*>()->geometry();
+        EXPECT_EQ(label, QRect(6, 396, 350, 20));
+        EXPECT_EQ(screen[static_cast<std::size_t>(label.top() * window->width() + label.left())], 0xFFC00000);
+    });
+}
+
+TEST(Program, WithoutACollectionLeavesDefaultSettingsAndEnds) {
     StartGameWithoutCollection();
     AwaitBox("Quillet shapes file not found:\n" + (Folder() / "QUILLET.qui").string());
     ExpectEnd(PressEnter, [] {
@@ -37,8 +40,7 @@ TEST(Start, WithoutACollectionLeavesDefaultSettingsAndEnds) {
     });
 }
 
-TEST(Start, ClosingTheBoardEndsTheProgram) {
+TEST(Program, EndsWhenTheBoardIsClosed) {
     StartGame();
-    const WindowId board = IdOf("FormMain");
-    ExpectEnd([&] { Close(board); }, [] { return true; });
+    ExpectEnd([] { RequestClose(IdOf("FormMain")); }, [] { return true; });
 }

@@ -16,11 +16,6 @@ TakeDown() {
 trap TakeDown EXIT
 trap 'exit 143' HUP INT TERM
 
-GiveUp() {
-    echo "with_display.sh: $1" >&2
-    exit 1
-}
-
 mkdir -m 700 "$scratch/home" "$scratch/run" "$scratch/tmp"
 export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/run TMPDIR=$scratch/tmp LC_ALL=C.UTF-8
 export PULSE_SERVER=unix:$scratch/silent DBUS_SESSION_BUS_ADDRESS=unix:path=$scratch/silent
@@ -29,16 +24,14 @@ unset WAYLAND_DISPLAY XAUTHORITY SESSION_MANAGER XDG_CONFIG_HOME XDG_DATA_HOME X
 # Server and command die with this script even when it is killed outright, and every client with the server.
 mkfifo "$scratch/number"
 setpriv --pdeathsig KILL Xvfb -displayfd 3 -screen 0 "${WINDOWS_SCREEN:-1280x900}x24" -nolisten tcp -noreset \
-    3>"$scratch/number" 2>"$scratch/server.log" &
+    3>"$scratch/number" 2>"$scratch/log" &
 server=$!
-read -r -t 30 number <"$scratch/number" || GiveUp "no X server: $(cat "$scratch/server.log")"
+read -r -t 30 number <"$scratch/number" || { cat "$scratch/log" >&2; exit 1; }
 export DISPLAY=:$number
-
-openbox >"$scratch/manager.log" 2>&1 &
+openbox --startup "touch $scratch/managed" 2>"$scratch/log" &
 manager=$!
-for ((i = 0; ; ++i)); do
-    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q '#' && break
-    ((i < 300)) || GiveUp "no window manager: $(cat "$scratch/manager.log")"
+for ((i = 0; i < 600; ++i)); do
+    [[ -e $scratch/managed ]] && break
     sleep 0.05
 done
 

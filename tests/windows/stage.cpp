@@ -1,10 +1,9 @@
-// Runs one case beside the game.
-#include "tests/windows/game_thread.h"
+// Runs one case beside the game, and judges the game's end.
+#include "tests/windows/stage.h"
 
 #include "core/board_window.h"
 #include "platform_qt/qt_desktop.h"
 #include "shell/events.h"
-#include "tests/windows/player.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -21,7 +20,6 @@
 namespace {
 
 constexpr std::chrono::seconds Patience(10);
-constexpr std::chrono::milliseconds Pause(5);
 
 std::promise<void> Curtain;
 std::atomic<bool> EndExpected = false;
@@ -31,28 +29,19 @@ BoardEvents Seen;
 /// Stands on the game's thread and watches the mouse events that reach the board's picture.
 class Watcher : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (receiver->objectName() != "Picture1") return false;
+        const auto* mouse = dynamic_cast<QMouseEvent*>(event);
+        if (!mouse || receiver->objectName() != "Picture1") return false;
         const QEvent::Type type = event->type();
-        const bool press = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
-        const bool release = type == QEvent::MouseButtonRelease;
-        if (!press && !release && type != QEvent::MouseMove) return false;
-        const QPointF position = static_cast<QMouseEvent*>(event)->position();
-        Seen.Pixel = QPoint(int(std::floor(position.x())), int(std::floor(position.y())));
-        Seen.Presses += press;
-        Seen.Releases += release;
+        Seen.Presses += type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+        Seen.Releases += type == QEvent::MouseButtonRelease;
+        Seen.Pixel = {NearestInt32(std::floor(mouse->position().x())),
+                      NearestInt32(std::floor(mouse->position().y()))};
         return false;
     }
 };
-
 Watcher* TheWatcher = nullptr;
 
-std::filesystem::path NewFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "program.XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no folder for the program");
-    return name;
-}
-
-/// Runs at every exit of the process but the case's own.
+/// Runs at every end of the process but the case's own.
 void JudgeEnd() {
     if (EndExpected && EndCheck()) return;
     std::cout << "The game ended the process" << (EndExpected ? " in the wrong state" : "") << std::endl;
@@ -68,7 +57,10 @@ void RunCase() {
 } // namespace
 
 const std::filesystem::path& Folder() {
-    static const std::filesystem::path folder = NewFolder();
+    static const std::filesystem::path folder = [] {
+        std::string name = (std::filesystem::temp_directory_path() / "program.XXXXXX").string();
+        return std::filesystem::path(mkdtemp(name.data()));
+    }();
     return folder;
 }
 
@@ -76,7 +68,7 @@ void StartGame() {
     std::filesystem::copy_file(COLLECTION, Folder() / "QUILLET.qui");
     StartGameWithoutCollection();
     OnGameThread([] { QApplication::instance()->installEventFilter(TheWatcher); });
-    Await("the two windows of the game", [] { return Clients().size() == 2; });
+    AwaitBoardOnScreen();
 }
 
 void StartGameWithoutCollection() {
@@ -95,7 +87,7 @@ void Await(const std::string& what, const std::function<bool()>& condition) {
             std::cout << "Waited in vain for " << what << std::endl;
             std::_Exit(EXIT_FAILURE);
         }
-        std::this_thread::sleep_for(Pause);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
 }
 
