@@ -2,6 +2,7 @@
 // Paths are full paths or relative to the current folder. No handle outlives a call.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -14,9 +15,46 @@ std::int32_t FileLength(const std::string& path);
 /// What a file operation came to: an empty text when it was done, else the reason in words.
 using FileError = std::string;
 
-/// Reads a whole regular file of at most `limit` bytes into `content`. On failure `content` is empty.
+/// Reads a whole regular file of at most `limit` bytes into `content`, not in the middle of another program's
+/// change. On failure `content` is empty.
 FileError ReadFile(const std::string& path, std::size_t limit, std::string& content);
+
+/// Writes the file, made or emptied first; on the disk when it returns without an error.
+FileError WriteFile(const std::string& path, const std::string& content);
 
 /// Puts `content` in the place of the file, made if missing. The new content is on the disk before the old
 /// one goes; on failure the old file is untouched and nothing is left beside it.
 FileError ReplaceFile(const std::string& path, const std::string& content);
+
+/// Adds text at the end of an existing file in one write, after ending a last line that has no end; on the
+/// disk when it returns without an error. On failure the file is as it was.
+FileError AppendToFile(const std::string& path, const std::string& text);
+
+/// True when both paths lead to the same existing file.
+bool SameFile(const std::string& one, const std::string& other);
+
+/// A file that no other copy of the game reads or changes meanwhile; set free with the object.
+class LockedFile {
+  public:
+    /// Opens an existing file to be read and written.
+    explicit LockedFile(const std::string& path);
+    LockedFile(const LockedFile&) = delete;
+    LockedFile& operator=(const LockedFile&) = delete;
+    ~LockedFile();
+
+    /// Why the file can't be used; empty when it can.
+    const FileError& Error() const { return Error_; }
+
+    FileError Read(std::size_t limit, std::string& content);
+
+    /// Writes over the old content in place, and cuts the file to the new length last. On failure the file
+    /// may be neither the old nor the new one.
+    FileError Overwrite(const std::string& content);
+
+    /// As AppendToFile.
+    FileError Append(const std::string& text);
+
+  private:
+    int Handle_;
+    FileError Error_;
+};
