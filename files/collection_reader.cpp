@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr std::size_t LargestFile = 16 << 20;
 constexpr int LinesBeforeFreeField = 64;
 
 /// Reads numbers and remembers the first fault; after a fault every number is 0.
@@ -65,14 +64,9 @@ class CollectionScanner {
     std::string Fault_;
 };
 
-void ShowFault(const std::string& fault) {
-    MsgBox("Quillet shapes file cannot be read:" + Game.LineBreak + Game.QuilletFile + Game.LineBreak + fault
-           + ".");
-}
-
 /// The text of QuilletFile; false after a message when it can't be had.
 bool ReadQuilletFile(std::string& text) {
-    const FileError error = ReadFile(Game.QuilletFile, LargestFile, text);
+    const FileError error = ReadFile(Game.QuilletFile, LargestCollection, text);
     if (!error.empty()) ShowFault("Line 1: " + error);
     return error.empty();
 }
@@ -121,6 +115,7 @@ struct QuilletTables {
 /// Reads one record, into row Count + 1; a record beyond the last row or one that doesn't count is read all
 /// the same, since a later Remove would give it a number.
 void ReadRecord(CollectionScanner& scanner, QuilletTables& tables) {
+    scanner.Reader.SkipEmptyLines();
     const bool counts = scanner.ReadNumber() > 0;
     const Number left = scanner.ReadNumber();
     const Number top = scanner.ReadNumber();
@@ -143,6 +138,12 @@ void Install(const QuilletTables& tables) {
             Game.SolY[p][q] = tables.SolY[p][q];
         }
     Game.QuilletCount = tables.Count;
+}
+
+void ReadRecords(CollectionScanner& scanner, QuilletTables& tables) {
+    SkipHead(scanner);
+    while (!scanner.Failed() && tables.Count <= MostQuillets && !scanner.Reader.AtEnd())
+        ReadRecord(scanner, tables);
 }
 
 } // namespace
@@ -170,17 +171,27 @@ bool LoadQuillets() {
     if (!ReadQuilletFile(text)) return false;
     const auto tables = std::make_unique<QuilletTables>();
     CollectionScanner scanner(text);
-    SkipHead(scanner);
-    while (!scanner.Failed() && !scanner.Reader.AtEnd()) {
-        ReadRecord(scanner, *tables);
-        if (!scanner.Failed() && tables->Count > MostQuillets) {
-            MsgBox("Cannot handle more than 500 Quillets");
-            EndProgram();
-        }
-    }
-    if (scanner.Failed())
+    ReadRecords(scanner, *tables);
+    if (scanner.Failed()) {
         ShowFault(scanner.Fault());
-    else
-        Install(*tables);
-    return !scanner.Failed();
+        return false;
+    }
+    if (tables->Count > MostQuillets) {
+        MsgBox("Cannot handle more than 500 Quillets");
+        EndProgram();
+    }
+    Install(*tables);
+    return true;
+}
+
+std::string FaultOfRecords(const std::string& text) {
+    const auto tables = std::make_unique<QuilletTables>();
+    CollectionScanner scanner(text);
+    ReadRecords(scanner, *tables);
+    return scanner.Fault();
+}
+
+void ShowFault(const std::string& fault) {
+    MsgBox("Quillet shapes file cannot be read:" + Game.LineBreak + Game.QuilletFile + Game.LineBreak + fault
+           + ".");
 }

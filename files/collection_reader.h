@@ -11,6 +11,12 @@
 // A file that breaks these rules leaves the tables as they were, and one message names file, line and fault.
 #pragma once
 
+#include <cstddef>
+#include <string>
+
+/// A collection is never larger than this, in bytes.
+constexpr std::size_t LargestCollection = 16 << 20;
+
 /// Fills the piece table, home places and home turns from QuilletFile; sets the board's origin to 100.
 /// Ends the program with the message when the file is not a collection.
 void LoadPieceTable();
@@ -18,3 +24,9 @@ void LoadPieceTable();
 /// Fills QuilletCount and the solution tables from QuilletFile. False when the file is not a collection: the
 /// message has been shown. More than 500 counted records end the program.
 bool LoadQuillets();
+
+/// What is wrong with the records of a collection, with its line; empty when nothing is.
+std::string FaultOfRecords(const std::string& text);
+
+/// The message of a collection that can't be read.
+void ShowFault(const std::string& fault);

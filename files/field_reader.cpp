@@ -62,6 +62,10 @@ std::string_view FieldReader::NextBlankSeparatedField() {
     return Take(", \t\n");
 }
 
+void FieldReader::SkipEmptyLines() {
+    while (!AtEnd() && Trimmed(WithoutCarriageReturn(Rest_.substr(0, Rest_.find('\n')))).empty()) SkipLine();
+}
+
 bool FieldReader::SkipLine() {
     const std::size_t end = Rest_.find('\n');
     if (end == std::string_view::npos) {

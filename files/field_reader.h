@@ -13,9 +13,6 @@ class FieldReader {
     /// True when nothing follows but empty lines.
     bool AtEnd() const;
 
-    /// True when not one character follows.
-    bool Exhausted() const { return Rest_.empty(); }
-
     std::string_view NextField();
 
     /// A field that may stand in double quotes, and then may hold commas.
@@ -24,8 +21,14 @@ class FieldReader {
     /// A number field: here a blank ends a number as a comma or a line end does.
     std::string_view NextBlankSeparatedField();
 
+    /// Passes over lines that hold nothing but blanks.
+    void SkipEmptyLines();
+
     /// Passes over the rest of the line; false when there is no line end any more.
     bool SkipLine();
+
+    /// How many characters follow.
+    std::size_t Remaining() const { return Rest_.size(); }
 
     /// The line, counted from 1, in which the field last read stands.
     int Line() const { return FieldLine_; }
