@@ -19,6 +19,42 @@ enum class BoxAnswer { Ok, Cancel, Yes, No };
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons = BoxButtons::Ok, BoxIcon icon = BoxIcon::None,
                  const std::string& title = "", BoxDefault preset = BoxDefault::First);
 
+constexpr std::int32_t OFN_HIDEREADONLY = 4;
+constexpr std::int32_t OFN_FILEMUSTEXIST = 4096;
+
+/// What a file dialog is asked, and where it leaves its answer.
+struct OpenFileName {
+    std::int32_t lStructSize = 0;
+    Form* hwndOwner = nullptr;
+    std::intptr_t hInstance = 0;
+    std::string lpstrFilter;
+    std::string lpstrCustomFilter;
+    std::int32_t nMaxCustFilter = 0;
+    std::int32_t nFilterIndex = 0;
+    /// In: what stands in the name box, padded with blanks. Out: the chosen path, a NUL behind it.
+    std::string lpstrFile;
+    std::int32_t nMaxFile = 0;
+    std::string lpstrFileTitle;
+    std::int32_t nMaxFileTitle = 0;
+    std::string lpstrInitialDir;
+    std::string lpstrTitle;
+    std::int32_t Flags = 0;
+    std::int16_t nFileOffset = 0;
+    std::int16_t nFileExtension = 0;
+    std::string lpstrDefExt;
+    std::intptr_t lCustData = 0;
+    std::intptr_t lpfnHook = 0;
+    std::string lpTemplateName;
+};
+
+/// Ask for a file to open or a name to save under, and wait for the answer. 0 when the player cancels. A
+/// pattern in the name box narrows the list to the files that match it. Neither asks about overwriting.
+std::int32_t GetOpenFileNameA(OpenFileName& record);
+std::int32_t GetSaveFileNameA(OpenFileName& record);
+
+/// The program's instance, for records that want it.
+std::intptr_t ProgramInstance();
+
 /// Takes a command of the media service: "play " and a path, "stop " and a name, "close all". Never waits for
 /// a sound. 0 when the command was taken.
 std::int32_t mciSendStringA(const std::string& command, std::string& returnString, std::int32_t returnLength,

@@ -35,6 +35,21 @@ void TakeMouse() {
                 (*picture)->MouseLost();
 }
 
+std::int32_t AnswerDialog(const std::string& kind, OpenFileName& record) {
+    Desktop.Calls.push_back("dialog " + kind);
+    Desktop.FileDialogs.push_back(record);
+    TakeMouse();
+    if (Desktop.WhileModal) Desktop.WhileModal();
+    if (Desktop.Paths.empty()) return 0;
+    const std::string path = Desktop.Paths.front();
+    Desktop.Paths.pop_front();
+    if (path.empty()) return 0;
+    // As a real one does: the path and a NUL over what stood there.
+    const std::string answer = path + '\0';
+    record.lpstrFile.replace(0, std::min(answer.size(), record.lpstrFile.size()), answer);
+    return 1;
+}
+
 } // namespace
 
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
@@ -47,6 +62,18 @@ BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, cons
     const BoxAnswer answer = Desktop.Answers.front();
     Desktop.Answers.pop_front();
     return answer;
+}
+
+std::int32_t GetOpenFileNameA(OpenFileName& record) {
+    return AnswerDialog("open", record);
+}
+
+std::int32_t GetSaveFileNameA(OpenFileName& record) {
+    return AnswerDialog("save", record);
+}
+
+std::intptr_t ProgramInstance() {
+    return 1;
 }
 
 std::int32_t mciSendStringA(const std::string& command, std::string&, std::int32_t, void*) {
@@ -108,6 +135,7 @@ bool StartProgram(Form& startForm, const std::string& folder) {
     fresh.Folder = folder;
     fresh.Clock = Desktop.Clock;
     fresh.Answers = std::move(Desktop.Answers);
+    fresh.Paths = std::move(Desktop.Paths);
     fresh.WhileModal = std::move(Desktop.WhileModal);
     Desktop = std::move(fresh);
     return Deliver([&] {

@@ -22,10 +22,13 @@ struct ScriptedDesktop {
     float Clock = 0;
     /// Answers for the boxes to come; when none is left, the first button is pressed.
     std::deque<BoxAnswer> Answers;
+    /// What the file dialogs to come answer; an empty path, and none at all, is Cancel.
+    std::deque<std::string> Paths;
     /// Runs while a box or a modal form is on screen, before it is answered.
     std::function<void()> WhileModal;
 
     std::vector<BoxCall> Boxes;
+    std::vector<OpenFileName> FileDialogs;
     std::vector<std::string> MediaCommands;
     /// Every call in its order, in words: "box TEXT", "media COMMAND", "show NAME", "focus NAME" and so on.
     std::vector<std::string> Calls;
