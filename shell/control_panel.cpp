@@ -5,10 +5,13 @@
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "core/panel_window.h"
+#include "files/append_quillet.h"
+#include "files/collection_files.h"
 #include "files/settings.h"
 #include "files/sound_cues.h"
 #include "platform/desktop.h"
 #include "platform/random.h"
+#include "play/copy_to_board.h"
 #include "play/win_flow.h"
 #include "shell/levels.h"
 
@@ -49,6 +52,20 @@ void Reset(std::int16_t) {
     ResetPieces();
 }
 
+void Copy(std::int16_t) {
+    CopyToBoard();
+    Game.SolutionShown = Game.FlagOn;
+}
+
+void Append(std::int16_t) {
+    PlayCue("click2");
+    AppendQuillet();
+}
+
+void Remove(std::int16_t) {
+    RemoveQuillet();
+}
+
 /// Latches the pressed level button alone, then plays its level.
 void SwitchLevel(std::int16_t index, void (*play)()) {
     for (const std::int16_t level : {std::int16_t{14}, std::int16_t{15}, std::int16_t{16}})
@@ -79,6 +96,9 @@ constexpr Command Commands[] = {
     {"Right", SelectRight},
     {"Random", SelectRandom},
     {"Reset", Reset},
+    {"Copy", Copy},
+    {"Append existing Quillet", Append},
+    {"Remove existing Quillet", Remove},
     {"Normal", [](std::int16_t index) { SwitchLevel(index, Normal_Play); }},
     {"Easy", [](std::int16_t index) { SwitchLevel(index, Easy_Play); }},
     {"Very easy", [](std::int16_t index) { SwitchLevel(index, VeryEasy_Play); }},
@@ -100,6 +120,16 @@ void SelectQuillet(double n) {
     ShowQuillet();
     Game.SolutionShown = Game.FlagOff;
     ResetPieces();
+}
+
+void Saveasx_Click() {
+    PlayCue("click2");
+    SaveCollectionAs();
+}
+
+void Openx_Click() {
+    PlayCue("click2");
+    OpenCollection();
 }
 
 void Exitx_Click() {

@@ -10,5 +10,9 @@ void ButtonPressed(std::int16_t Index);
 /// Takes up quillet n: shows it, with the pieces at home.
 void SelectQuillet(double n);
 
+/// The menu's items. Save as and Open sound their cue here, and the operations sound it again.
+void Saveasx_Click();
+void Openx_Click();
+
 /// The menu's Exit: saves the settings and ends the program.
 void Exitx_Click();

@@ -31,5 +31,7 @@ void DesignWindows() {
     DesignForm1();
     Form1.CloseRequest = Exitx_Click;
     for (TileButton& button : Form1.MenuButx) button.Pressed = ButtonPressed;
+    SetMenuHandler(Form1, "Saveasx", Saveasx_Click);
+    SetMenuHandler(Form1, "Openx", Openx_Click);
     SetMenuHandler(Form1, "Exitx", Exitx_Click);
 }
