@@ -42,10 +42,12 @@ const std::string& ShippedHead() {
 GameTest::GameTest() : Folder(fs::temp_directory_path() / ("quillets-test-" + std::to_string(::getpid()))) {
     fs::remove_all(Folder);
     fs::create_directories(Folder);
+    fs::current_path(Folder);
     Desktop = ScriptedDesktop{};
 }
 
 GameTest::~GameTest() {
+    fs::current_path(fs::temp_directory_path());
     fs::remove_all(Folder);
 }
 
