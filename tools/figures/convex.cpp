@@ -1,5 +1,6 @@
 // A convex outline is an upright rectangle with its corners cut off at 45 degrees.
-// Lengths are in units here, not in grains: a side is 2 m + 2 n sqrt(2), so a cut takes 2 n + m sqrt(2) off its corner.
+// Lengths are in units here, not in grains: a side is 2 m + 2 n sqrt(2), so a cut takes 2 n + m sqrt(2) off
+// its corner.
 #include "convex.h"
 
 #include <algorithm>
@@ -8,12 +9,14 @@
 namespace Figures {
 namespace {
 
-// All pieces together have sides for twenty times 2 and ten times 2 sqrt(2), a side of twice the length counted twice.
+// All pieces together have sides for twenty times 2 and ten times 2 sqrt(2), a side of twice the length
+// counted twice.
 constexpr int StraightSides = 20;
 constexpr int SlantSides = 10;
 constexpr Surd TwiceTheArea{64, 0};
 
-// An outline around a large triangle is at least 2 sqrt(2) across, and its length times that at most twice the area.
+// An outline around a large triangle is at least 2 sqrt(2) across, and its length times that at most twice
+// the area.
 constexpr Surd Longest{0, 16};
 
 constexpr Surd Times(Surd l, Surd r) {
@@ -60,7 +63,8 @@ Region OutlineOf(const Octagon& o) {
                                            {zero, o.nw}}};
     std::vector<Point> outline;
     for (const auto& [x, y] : corners)
-        outline.push_back({{x.whole * UnitGrains, x.root * UnitGrains}, {y.whole * UnitGrains, y.root * UnitGrains}});
+        outline.push_back(
+            {{x.whole * UnitGrains, x.root * UnitGrains}, {y.whole * UnitGrains, y.root * UnitGrains}});
     outline.erase(std::unique(outline.begin(), outline.end()), outline.end());
     if (outline.front() == outline.back()) outline.pop_back();
     return RegionOf(std::vector<std::vector<Point>>{outline});

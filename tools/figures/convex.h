@@ -7,8 +7,8 @@
 
 namespace Figures {
 
-// Every convex outline, up to turning and mirroring, that has the area of the seven pieces and sides made of whole
-// piece sides. Only these can be laid: along a convex outline the pieces' sides lie end to end.
+// Every convex outline, up to turning and mirroring, that has the area of the seven pieces and sides made of
+// whole piece sides. Only these can be laid: along a convex outline the pieces' sides lie end to end.
 std::vector<Region> ConvexOutlines();
 
 } // namespace Figures

@@ -1,20 +1,29 @@
 // The figures tool: builds the collection file, the galleries and the list from the figure sources.
 // Run it without arguments for its commands.
 #include "collection.h"
+#include "list.h"
 #include "picture.h"
 #include "rules.h"
+#include "search.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <optional>
+#include <sstream>
 
 using namespace Figures;
 
 namespace {
 
-constexpr const char* Usage = "figures build OUT.qui SOURCE...    writes the collection file\n"
-                              "figures gallery OUT.svg SOURCE...  draws the silhouettes\n"
-                              "figures solved OUT.svg SOURCE...   draws the solved figures\n"
-                              "figures start OUT.svg              draws the start places\n";
+constexpr const char* Usage = "figures build OUT.qui FOLDER    writes the collection file\n"
+                              "figures gallery OUT.svg FOLDER  draws the silhouettes\n"
+                              "figures solved OUT.svg FOLDER   draws the solved figures\n"
+                              "figures list OUT.md FOLDER      lists the figures with their solutions\n"
+                              "figures start OUT.svg           draws the start places\n"
+                              "figures search OUT.txt SEED WALKS CORNERS HOLES MIRRORED\n"
+                              "                                searches for clean outlines\n"
+                              "FOLDER holds the figure sources.\n";
 
 bool WriteFile(const std::string& path, const std::string& text) {
     std::ofstream file(path, std::ios::binary);
@@ -29,16 +38,33 @@ bool Report(const std::vector<std::string>& faults) {
     return faults.empty();
 }
 
-int Run(const std::string& command, const std::string& out, const std::vector<std::string>& paths) {
-    if (command == "start") return WriteFile(out, DrawStart()) ? 0 : 1;
-    Source source = ReadSourceFiles(paths);
-    bool right = Report(source.faults);
-    right = Report(FaultsOf(source.figures)) && right;
-    const auto figures = InPlayingOrder(std::move(source.figures));
-    if (command == "gallery") return WriteFile(out, DrawGallery(figures, Look::Silhouette)) && right ? 0 : 1;
-    if (command == "solved") return WriteFile(out, DrawGallery(figures, Look::Solved)) && right ? 0 : 1;
-    if (command == "build" && right) return WriteFile(out, WriteCollection(figures)) ? 0 : 1;
-    return 1;
+int RunSearch(const std::string& out, const std::vector<std::string>& words) {
+    std::array<int, 5> numbers{1, 100, 12, 0, 0};
+    for (std::size_t i = 0; i < numbers.size() && i < words.size(); i++)
+        numbers[i] = std::atoi(words[i].c_str());
+    const auto [seed, walks, corners, holes, mirrored] = numbers;
+    std::ostringstream text;
+    int count = 0;
+    for (const Layout& find : SearchFigures({corners, holes, mirrored != 0}, seed, walks))
+        text << "Find " << seed << '-' << ++count << " | find | " << WriteLayout(find) << '\n';
+    return WriteFile(out, text.str()) ? 0 : 1;
+}
+
+std::optional<std::string> PageFor(const std::string& command, const std::vector<Figure>& figures) {
+    if (command == "build") return WriteCollection(figures);
+    if (command == "gallery") return DrawGallery(figures, Look::Silhouette);
+    if (command == "solved") return DrawGallery(figures, Look::Solved);
+    if (command == "list") return WriteList(figures);
+    return std::nullopt;
+}
+
+int RunOnSources(const std::string& command, const std::string& out, const std::string& folder) {
+    const Source source = ReadSourceFolder(folder);
+    const bool readable = Report(source.faults);
+    if (!Report(FaultsOf(source.figures)) || !readable) return 1;
+    const auto page = PageFor(command, InPlayingOrder(source.figures));
+    if (!page) std::cerr << Usage;
+    return page && WriteFile(out, *page) ? 0 : 1;
 }
 
 } // namespace
@@ -49,5 +75,7 @@ int main(int argc, char** argv) {
         std::cerr << Usage;
         return 2;
     }
-    return Run(words[0], words[1], {words.begin() + 2, words.end()});
+    if (words[0] == "start") return WriteFile(words[1], DrawStart()) ? 0 : 1;
+    if (words[0] == "search") return RunSearch(words[1], {words.begin() + 2, words.end()});
+    return RunOnSources(words[0], words[1], words.size() > 2 ? words[2] : ".");
 }

@@ -104,25 +104,24 @@ Point ToOf(const Edge& edge) {
     return edge.sense > 0 ? EndOf(edge) : StartOf(edge);
 }
 
-Region AtOrigin(const Region& region) {
-    const Point least = LeastPoint(region);
-    Region moved;
-    for (const Edge& edge : region) {
-        const Edge shifted = EdgeOf(StartOf(edge) - least, EndOf(edge) - least);
-        moved.push_back({shifted.direction, shifted.line, shifted.least, shifted.most, edge.sense});
-    }
-    std::sort(moved.begin(), moved.end());
-    return moved;
-}
-
 template <class Map>
-Region Mapped(const Region& region, Map map, bool reversed) {
+Region Mapped(const Region& region, Map map, bool reversed = false) {
     Region mapped;
     for (const Edge& edge : region) {
         const Point from = map(FromOf(edge)), to = map(ToOf(edge));
         mapped.push_back(reversed ? EdgeOf(to, from) : EdgeOf(from, to));
     }
-    return AtOrigin(mapped);
+    std::sort(mapped.begin(), mapped.end());
+    return mapped;
+}
+
+Region AtOrigin(const Region& region) {
+    const Point least = LeastPoint(region);
+    return Mapped(region, [&](Point p) { return p - least; });
+}
+
+Region TurnedRegion(const Region& region) {
+    return Mapped(region, [](Point p) { return Turned(p); });
 }
 
 int HeadingOf(const Edge& edge) {
@@ -179,14 +178,16 @@ int LeastHeading(const Region& region) {
 
 Region Standard(const Region& region) {
     Region best = AtOrigin(region), turned = best;
-    for (int i = 0; i < 8; i++) {
-        turned = Mapped(
-            turned, [](Point p) { return Turned(p); }, false);
-        best = std::min({best, turned,
-                         Mapped(
-                             turned, [](Point p) { return Mirrored(p); }, true)});
+    for (int i = 0; i < TurnCount; i++) {
+        turned = TurnedRegion(turned);
+        best = std::min({best, AtOrigin(turned), AtOrigin(MirroredAt(turned, {}))});
     }
     return best;
+}
+
+Region MirroredAt(const Region& region, Surd sum) {
+    const auto mirror = [&](Point p) { return Point{sum - p.x, p.y}; };
+    return Mapped(region, mirror, true);
 }
 
 std::vector<std::vector<Point>> LoopsOf(const Region& region) {
@@ -214,6 +215,17 @@ std::vector<std::vector<Point>> LoopsOf(const Region& region) {
         loops.push_back(std::move(loop));
     }
     return loops;
+}
+
+bool IsHole(const std::vector<Point>& loop) {
+    const std::size_t count = loop.size();
+    int turned = 0; // in steps of 45 degrees, to the right
+    for (std::size_t i = 0; i < count; i++) {
+        const Edge before = EdgeOf(loop[i], loop[(i + 1) % count]);
+        const Edge after = EdgeOf(loop[(i + 1) % count], loop[(i + 2) % count]);
+        turned += (HeadingOf(after) - HeadingOf(before) + 12) % 8 - 4;
+    }
+    return turned < 0;
 }
 
 } // namespace Figures

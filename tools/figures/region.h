@@ -44,8 +44,14 @@ int LeastHeading(const Region& region);
 // equal for two regions exactly when turning by 45 degrees, mirroring and moving makes one into the other.
 Region Standard(const Region& region);
 
+// The region mirrored left to right so that x becomes sum - x.
+Region MirroredAt(const Region& region, Surd sum);
+
 // The boundary as closed loops of corners: outer ones clockwise, holes anticlockwise. Where loops meet in a
 // point they are kept apart as far as possible.
 std::vector<std::vector<Point>> LoopsOf(const Region& region);
+
+// Whether a loop runs round a hole.
+bool IsHole(const std::vector<Point>& loop);
 
 } // namespace Figures

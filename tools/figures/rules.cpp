@@ -72,6 +72,12 @@ std::string OverlapOf(const Layout& layout) {
     return {};
 }
 
+bool IsPicture(const Figure& figure) {
+    return KindName(figure) == "picture";
+}
+
+} // namespace
+
 std::string FaultOf(const Layout& layout) {
     if (const std::string overlap = OverlapOf(layout); !overlap.empty()) return overlap;
     if (!Connected(layout)) return "the pieces do not hang together";
@@ -84,12 +90,6 @@ std::string FaultOf(const Layout& layout) {
     if (share < LeastShare) return "fills only " + std::to_string(share) + " percent of its box";
     return {};
 }
-
-bool IsPicture(const Figure& figure) {
-    return KindName(figure) == "picture";
-}
-
-} // namespace
 
 int FilledShare(const Layout& layout) {
     const auto outlines = PixelsOf(layout);

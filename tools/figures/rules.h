@@ -11,6 +11,9 @@ constexpr int BoardWidth = 350;
 constexpr int BoardHeight = 390;
 constexpr int LeastShare = 20; // percent of its box that a figure has to fill
 
+// What keeps a single layout from being played; empty when it is fit.
+std::string FaultOf(const Layout& layout);
+
 // Every breach of the rules as "file:line: reason"; empty when all figures are fit for play.
 std::vector<std::string> FaultsOf(const std::vector<Figure>& figures);
 

@@ -1,6 +1,6 @@
 // Finds every way to lay the seven pieces into an outline.
-// Exact and complete: the leftmost point of what is left to cover can only be the leftmost corner of a piece, and one
-// piece alone lies along the boundary there.
+// Exact and complete: the leftmost point of what is left to cover can only be the leftmost corner of a piece,
+// and one piece alone lies along the boundary there.
 #pragma once
 
 #include "region.h"
@@ -10,8 +10,8 @@
 
 namespace Figures {
 
-// All layouts that cover the region, at most the given number of them. Layouts that differ only by exchanging the
-// two large or the two small triangles are one solution.
+// All layouts that cover the region, at most the given number of them. Layouts that differ only by exchanging
+// the two large or the two small triangles are one solution.
 std::vector<Layout> Solve(const Region& region, std::size_t most = 100000);
 
 } // namespace Figures

@@ -2,7 +2,9 @@
 // Corners are named by where they lie on the piece's upright box, so nobody has to learn a numbering.
 #include "source.h"
 
+#include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <sstream>
@@ -227,6 +229,16 @@ Source ReadSourceFiles(const std::vector<std::string>& paths) {
         all.faults.insert(all.faults.end(), one.faults.begin(), one.faults.end());
     }
     return all;
+}
+
+Source ReadSourceFolder(const std::string& folder) {
+    std::error_code error;
+    std::vector<std::string> paths;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+        if (entry.path().extension() == ".txt") paths.push_back(entry.path().string());
+    if (paths.empty()) return {{}, {folder + ": no sources there"}};
+    std::sort(paths.begin(), paths.end());
+    return ReadSourceFiles(paths);
 }
 
 std::string WriteLayout(const Layout& layout) {

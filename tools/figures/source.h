@@ -28,6 +28,9 @@ Source ReadSource(std::string_view text, const std::string& fileName);
 // Reads several source files in the order given; a file that cannot be read is a fault.
 Source ReadSourceFiles(const std::vector<std::string>& paths);
 
+// Reads all .txt files of a folder in the order of their names.
+Source ReadSourceFolder(const std::string& folder);
+
 // Writes a layout in the notation, each piece by contact with an earlier one where there is any.
 std::string WriteLayout(const Layout& layout);
 
