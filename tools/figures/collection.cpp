@@ -18,11 +18,28 @@ int KindIndex(const Figure& figure) {
     return figure.category == "geometry" || figure.category == "hole" || figure.category == "pair" ? 1 : 0;
 }
 
-struct Ranked {
+// Figures that are played one after the other: the two of a pair, or one alone.
+struct Group {
+    std::vector<const Figure*> figures;
     std::size_t corners;
     double share = 0; // place within its kind, from 0 to 1
-    const Figure* figure;
 };
+
+bool IsHalfPair(const Group& group) {
+    return group.figures.size() == 1 && group.figures[0]->category == "pair";
+}
+
+std::vector<Group> GroupsOfKind(const std::vector<Figure>& figures, int kind) {
+    std::vector<Group> groups;
+    for (const Figure& figure : figures) {
+        if (KindIndex(figure) != kind) continue;
+        if (figure.category == "pair" && !groups.empty() && IsHalfPair(groups.back()))
+            groups.back().figures.push_back(&figure);
+        else
+            groups.push_back({{&figure}, RegionOf(figure.layout).size()});
+    }
+    return groups;
+}
 
 std::string WriteRecord(std::size_t number, const Record& record) {
     std::ostringstream line;
@@ -53,22 +70,21 @@ std::string_view KindName(const Figure& figure) {
     return KindNames[KindIndex(figure)];
 }
 
-std::vector<Figure> InPlayingOrder(std::vector<Figure> figures) {
-    std::array<std::vector<Ranked>, KindNames.size()> kinds;
-    for (const Figure& figure : figures)
-        kinds[KindIndex(figure)].push_back({RegionOf(figure.layout).size(), 0, &figure});
-    std::vector<Ranked> all;
-    for (auto& kind : kinds) {
-        std::stable_sort(kind.begin(), kind.end(),
-                         [](const Ranked& l, const Ranked& r) { return l.corners > r.corners; });
-        for (std::size_t i = 0; i < kind.size(); i++)
-            kind[i].share = (static_cast<double>(i) + 0.5) / static_cast<double>(kind.size());
-        all.insert(all.end(), kind.begin(), kind.end());
+std::vector<Figure> InPlayingOrder(const std::vector<Figure>& figures) {
+    std::vector<Group> all;
+    for (int kind = 0; kind < static_cast<int>(KindNames.size()); kind++) {
+        auto groups = GroupsOfKind(figures, kind);
+        std::stable_sort(groups.begin(), groups.end(),
+                         [](const Group& l, const Group& r) { return l.corners > r.corners; });
+        for (std::size_t i = 0; i < groups.size(); i++)
+            groups[i].share = (static_cast<double>(i) + 0.5) / static_cast<double>(groups.size());
+        all.insert(all.end(), groups.begin(), groups.end());
     }
     std::stable_sort(all.begin(), all.end(),
-                     [](const Ranked& l, const Ranked& r) { return l.share < r.share; });
+                     [](const Group& l, const Group& r) { return l.share < r.share; });
     std::vector<Figure> ordered;
-    for (const Ranked& ranked : all) ordered.push_back(*ranked.figure);
+    for (const Group& group : all)
+        for (const Figure* figure : group.figures) ordered.push_back(*figure);
     return ordered;
 }
 

@@ -20,8 +20,8 @@ constexpr int FigureTop = 60;
 
 Record RecordOf(const Layout& layout);
 
-// The order of play: every kind from easy to hard, the kinds mixed in proportion.
-std::vector<Figure> InPlayingOrder(std::vector<Figure> figures);
+// The order of play: every kind from easy to hard, the kinds mixed in proportion, the two of a pair together.
+std::vector<Figure> InPlayingOrder(const std::vector<Figure>& figures);
 
 // Pictures, geometry or finds.
 std::string_view KindName(const Figure& figure);

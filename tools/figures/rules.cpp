@@ -79,7 +79,7 @@ bool IsPicture(const Figure& figure) {
 } // namespace
 
 std::string FaultOf(const Layout& layout) {
-    if (const std::string overlap = OverlapOf(layout); !overlap.empty()) return overlap;
+    if (std::string overlap = OverlapOf(layout); !overlap.empty()) return overlap;
     if (!Connected(layout)) return "the pieces do not hang together";
     const Box box = BoxOf(layout);
     const int width = Pixels(box.most.x - box.least.x), height = Pixels(box.most.y - box.least.y);
