@@ -1,4 +1,5 @@
 // The rules refuse what the game could not show or the player could not lay.
+// One good figure, and one change for each rule.
 #include "rules.h"
 
 #include <gtest/gtest.h>

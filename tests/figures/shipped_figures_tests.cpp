@@ -1,4 +1,5 @@
 // Every figure of the shipped file against the rules of the game, in pixels.
+// And the file itself, and the list of it, against the sources they are made from.
 #include "collection.h"
 #include "list.h"
 #include "rules.h"

@@ -1,4 +1,5 @@
 // Reads the shipped collection file and measures outlines.
+// Plain arithmetic on pixels, apart from the exact geometry the tool uses.
 #include "shipped_file.h"
 
 #include <algorithm>

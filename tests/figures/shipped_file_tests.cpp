@@ -1,4 +1,5 @@
 // The head of the shipped file against the geometry of the seven pieces.
+// Only side lengths, turns and limits are known here, no tables.
 #include "shipped_file.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // The notation of figure sources.
+// What it reads, what it refuses, and that it writes what it reads.
 #include "source.h"
 
 #include <gtest/gtest.h>

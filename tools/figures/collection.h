@@ -1,4 +1,5 @@
 // The collection file: the figures in playing order, as the game reads them.
+// Places are whole pixels on the board.
 #pragma once
 
 #include "source.h"

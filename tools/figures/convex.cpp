@@ -1,6 +1,5 @@
 // A convex outline is an upright rectangle with its corners cut off at 45 degrees.
-// Lengths are in units here, not in grains: a side is 2 m + 2 n sqrt(2), so a cut takes 2 n + m sqrt(2) off
-// its corner.
+// Lengths are in units, not in grains: sides are 2 m + 2 n sqrt(2), so a cut takes 2 n + m sqrt(2) off.
 #include "convex.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // The convex figures of the seven pieces.
+// The outlines are enumerated here, the solver says which of them can be laid.
 #pragma once
 
 #include "region.h"

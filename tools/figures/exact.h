@@ -1,6 +1,5 @@
 // Exact plane geometry on numbers whole + root * sqrt(2), the only lengths the seven pieces know.
-// Everything is counted in grains, an eighth of a straight unit, so that halves and turns by 45 degrees stay
-// whole.
+// Everything is counted in grains, eighths of a straight unit: halves and turns by 45 degrees stay whole.
 #pragma once
 
 #include <array>

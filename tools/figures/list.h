@@ -1,4 +1,5 @@
 // The list of the collection as a page of text.
+// It says for every figure how many solutions it has.
 #pragma once
 
 #include "source.h"

@@ -1,4 +1,5 @@
 // Draws galleries of figures and the start arrangement as SVG.
+// One unit of the picture is one pixel of the game.
 #pragma once
 
 #include "source.h"

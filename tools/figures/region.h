@@ -1,5 +1,5 @@
-// A flat region given by its boundary: maximal straight edges in four directions, the inside to the right of
-// each. Two regions are equal exactly when their edge lists are.
+// A flat region given by its boundary: maximal straight edges in four directions, the inside to the right.
+// Two regions are equal exactly when their edge lists are.
 #pragma once
 
 #include "pieces.h"

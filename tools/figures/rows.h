@@ -1,4 +1,5 @@
-// The head of the collection file: start places, shape rows and the two free lines, made from the outlines.
+// The head of the collection file: start places, shape rows and the two free lines.
+// All of it is made from the outlines of the pieces.
 #pragma once
 
 #include <array>

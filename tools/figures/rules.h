@@ -1,4 +1,5 @@
 // The rules every figure keeps so that the game can show it and the player can lay it.
+// All limits are in pixels of the game, or in percent.
 #pragma once
 
 #include "source.h"

@@ -1,6 +1,5 @@
-// A walk takes one piece off, lays it at another corner, and keeps the better outline; the worse one now and
-// then. Better means fewer corners, no slivers or loose tips, the wished holes and, if wished, its own mirror
-// image.
+// A walk takes one piece off, lays it at another corner and keeps the better outline, seldom a worse one.
+// Better means fewer corners, no slivers or loose tips, the wished holes and mirror image.
 #include "search.h"
 
 #include "rules.h"
@@ -34,8 +33,7 @@ bool IsFree(const Layout& layout, int piece, int laid) {
     return true;
 }
 
-// Lays a piece with one of its corners at a corner of one of the laid pieces. False when it does not fit
-// there.
+// Lays a piece with one of its corners at a corner of one of the laid pieces. False when it does not fit.
 bool TryLay(Walk& walk, Layout& layout, int piece, int laid) {
     const int turn = Roll(walk, UsedTurns(piece));
     const int other = Roll(walk, laid);
@@ -49,8 +47,7 @@ bool TryLay(Walk& walk, Layout& layout, int piece, int laid) {
 Layout StartLayout(Walk& walk) {
     Layout layout{};
     for (int piece = 1; piece < PieceCount; piece++)
-        while (!TryLay(walk, layout, piece, piece)) {
-        }
+        while (!TryLay(walk, layout, piece, piece)) continue;
     return layout;
 }
 

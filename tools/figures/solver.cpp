@@ -1,6 +1,5 @@
-// Depth first search over the piece that covers the leftmost point of the rest, along the boundary that
-// leaves it. Of two congruent pieces the lower numbered one is laid first, so that no solution is found
-// twice.
+// Depth first search over the piece at the leftmost point of the rest, along the boundary that leaves it.
+// Of congruent pieces the lower numbered one is laid first, so that no solution is found twice.
 #include "solver.h"
 
 #include <algorithm>

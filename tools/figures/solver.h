@@ -1,6 +1,5 @@
-// Finds every way to lay the seven pieces into an outline.
-// Exact and complete: the leftmost point of what is left to cover can only be the leftmost corner of a piece,
-// and one piece alone lies along the boundary there.
+// Finds every way to lay the seven pieces into an outline, each once, by exact arithmetic.
+// Complete: the leftmost point of what is left can only be the leftmost corner of a piece.
 #pragma once
 
 #include "region.h"
