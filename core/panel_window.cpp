@@ -44,11 +44,7 @@ constexpr ButtonDesign ButtonDesigns[] = {
 
 void DesignTarget() {
     Frame& frame = Form1.TarQui;
-    frame.Name = "TarQui";
-    frame.Left = 12;
-    frame.Top = 1620;
-    frame.Width = 3885;
-    frame.Height = 4425;
+    Place(frame, "TarQui", 12, 1620, 3885, 4425);
     for (Picture& picture : Form1.TargetQui) {
         picture.Name = "TargetQui";
         picture.Top = 210;
@@ -66,12 +62,8 @@ void DesignFrames() {
     for (std::size_t i = 0; i < Form1.MFrame.size(); ++i) {
         Frame& frame = Form1.MFrame[i];
         const FrameDesign& design = FrameDesigns[i];
-        frame.Name = "MFrame";
+        Place(frame, "MFrame", design.Left, design.Top, design.Width, 780);
         frame.Caption = design.Caption;
-        frame.Left = design.Left;
-        frame.Top = design.Top;
-        frame.Width = design.Width;
-        frame.Height = 780;
         Form1.Controls.push_back(&frame);
     }
 }
@@ -79,15 +71,11 @@ void DesignFrames() {
 void DesignButtons() {
     for (const ButtonDesign& design : ButtonDesigns) {
         TileButton& button = Form1.MenuButx[static_cast<std::size_t>(design.Index)];
-        button.Name = "MenuButx";
+        Place(button, "MenuButx", design.Left, 240, design.Index == 6 ? 500 : 495, 450);
         button.Index = design.Index;
         button.ToolTipText = design.ToolTipText;
         button.Picture = design.Icon;
         button.Latches = design.Index == 11 || design.FrameIndex == 1;
-        button.Left = design.Left;
-        button.Top = 240;
-        button.Width = design.Index == 6 ? 500 : 495;
-        button.Height = 450;
         Form1.MFrame[static_cast<std::size_t>(design.FrameIndex)].Controls.push_back(&button);
     }
 }

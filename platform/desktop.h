@@ -77,6 +77,18 @@ std::vector<Form*> LoadedForms();
 /// Gives the form's window the keyboard.
 void SetFocus(Form& form);
 
+/// Puts the picture of the form's client area, at its own size, on a page of the default printer; where there
+/// is none, into a PDF file of that size, which the player names.
+void PrintForm(Form& form);
+
+/// Shows a page of the program's folder; no other is ever shown, and nothing is fetched.
+void Navigate(WebBrowser& browser, const std::string& address);
+/// The address of the page shown, with "#" and the anchor after a jump within it.
+std::string LocationURL(const WebBrowser& browser);
+/// One step in the history; nothing where there is none.
+void GoBack(WebBrowser& browser);
+void GoForward(WebBrowser& browser);
+
 /// Ends the process at once; nothing runs after it.
 [[noreturn]] void EndProgram();
 

@@ -9,6 +9,14 @@ int ClientHeight(const Form& form) {
     return NearestInt32((form.Height - FrameHeight(form.Border)) / TwipsPerPixelY());
 }
 
+void Place(Control& control, const char* name, float left, float top, float width, float height) {
+    control.Name = name;
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
+}
+
 void Resize(Form& form, float width, float height) {
     form.Width = width;
     form.Height = height;

@@ -54,11 +54,16 @@ struct Label : Control {
     Colour ForeColor = Rgb(0, 0, 0);
     Colour BackColor = ButtonFace;
     bool Centred = false;
+    /// The size follows the text; an empty label does not show.
+    bool AutoSize = false;
+    MouseHandler MouseUp = nullptr;
 };
 
 /// A surface that takes the mouse and, when it has the focus, the keyboard.
 struct Picture : Control {
     Surface Image;
+    /// An icon shown over the surface: a file name without folder and extension.
+    std::string Icon;
     MouseHandler MouseDown = nullptr;
     MouseHandler MouseMove = nullptr;
     MouseHandler MouseUp = nullptr;
@@ -96,8 +101,35 @@ struct TileButton : Control {
     void LatchOff() { Latched = false; }
 };
 
+/// A vertical bar; the player moves Value between 0 and Max.
+struct ScrollBar : Control {
+    std::int16_t Value = 0;
+    std::int16_t Max = 0;
+    std::int16_t SmallChange = 1;
+    std::int16_t LargeChange = 1;
+    PlainHandler Change = nullptr;
+};
+
+struct CommandButton : Control {
+    std::string Caption;
+    ::Font Font;
+    PlainHandler Click = nullptr;
+};
+
+/// Several lines of text to be read only.
+struct TextBox : Control {
+    std::string Text;
+    ::Font Font;
+    Colour BackColor = ButtonFace;
+    MouseHandler MouseDown = nullptr;
+};
+
+/// Shows pages of the program's folder; driven by Navigate and its company in desktop.h.
+struct WebBrowser : Control {};
+
 struct Frame;
-using ControlRef = std::variant<Label*, Picture*, TileButton*, Frame*>;
+using ControlRef =
+    std::variant<Label*, Picture*, TileButton*, Frame*, ScrollBar*, CommandButton*, TextBox*, WebBrowser*>;
 
 struct Frame : Control {
     std::string Caption;
@@ -127,6 +159,8 @@ struct Form {
     BorderStyle Border = BorderStyle::FixedSingle;
     bool CloseBox = false;
     bool InTaskBar = true;
+    /// Opens in the centre of the screen, and not at Left and Top.
+    bool Centred = false;
     /// The whole window with its border, as FrameWidth and FrameHeight count it, and its place on the screen.
     float Left = 0;
     float Top = 0;
@@ -136,11 +170,18 @@ struct Form {
     bool Loaded = false;
     /// The window's own surface, as large as the client area.
     Surface Image;
-    /// Off where that surface is only drawn on and read.
-    bool ShowsImage = true;
+    /// On where the player sees that surface.
+    bool ShowsImage = false;
     std::vector<ControlRef> Controls;
     std::vector<Menu> Menus;
+    ::Font Font = {"MS Sans Serif", 8.25F, false};
     PlainHandler Load = nullptr;
+    /// Called whenever the form is shown or its window becomes the active one.
+    PlainHandler Activate = nullptr;
+    PlainHandler Resized = nullptr;
+    KeyHandler KeyDown = nullptr;
+    MouseHandler MouseMove = nullptr;
+    MouseHandler MouseUp = nullptr;
     /// Setting Cancel to anything but 0 keeps the form loaded.
     void (*Unload)(std::int16_t& Cancel) = nullptr;
     /// Answers the window manager's wish to close the form; without it the form is unloaded.
@@ -159,6 +200,9 @@ constexpr float FrameHeight(BorderStyle border) {
 /// Size of the client area, without frame and menu bar, in pixels.
 int ClientWidth(const Form& form);
 int ClientHeight(const Form& form);
+
+/// Names a control and sets it at its design place, in twips inside its container.
+void Place(Control& control, const char* name, float left, float top, float width, float height);
 
 /// Gives the form or picture a new size, in twips, and its surface the pixels to go with it; what was drawn
 /// stays.

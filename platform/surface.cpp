@@ -106,6 +106,7 @@ void Surface::Resize(int width, int height) {
 }
 
 void Surface::Cls() {
+    Texts_.clear();
     std::fill(Pixels_.begin(), Pixels_.end(), PixelOf(BackColor));
     Changed_ = {0, Height_};
 }
@@ -133,11 +134,33 @@ Colour Surface::Point(double x, double y) const {
 }
 
 void Surface::Line(double x1, double y1, double x2, double y2, Colour colour) {
-    const Colour foreColor = std::exchange(ForeColor, colour);
-    const std::int32_t left = NearestInt32(x1), right = NearestInt32(x2);
-    const std::int32_t top = NearestInt32(y1), bottom = NearestInt32(y2);
-    Polygon(*this, std::array<Vertex, 4>{{{left, top}, {right, top}, {right, bottom}, {left, bottom}}});
-    ForeColor = foreColor;
+    const auto [left, right] =
+        std::minmax(NearestInt32(x1 / UnitsPerPixel), NearestInt32(x2 / UnitsPerPixel));
+    const auto [top, bottom] =
+        std::minmax(NearestInt32(y1 / UnitsPerPixel), NearestInt32(y2 / UnitsPerPixel));
+    const Pixel pixel = PixelOf(colour);
+    const int firstRow = std::max(top, 0), lastRow = std::min(bottom, Height_ - 1);
+    for (int y = firstRow; y <= lastRow; ++y) {
+        if (FillStyle == FillMode::Solid) FillSpan(left, right, y, PixelOf(FillColor));
+        FillSpan(left, y == top || y == bottom ? right : left, y, pixel);
+        FillSpan(right, right, y, pixel);
+    }
+    IncludeChanged(top, bottom);
+}
+
+void Surface::Print(const std::string& text) {
+    const TextItem item{NearestInt32(CurrentX / UnitsPerPixel), NearestInt32(CurrentY / UnitsPerPixel),
+                        ForeColor, text};
+    if (std::find(Texts_.rbegin(), Texts_.rend(), item) != Texts_.rend()) return;
+    Texts_.push_back(item);
+    Changed_ = {0, Height_};
+}
+
+void Surface::IncludeChanged(std::int64_t firstRow, std::int64_t lastRow) {
+    const auto row = [&](std::int64_t y) {
+        return static_cast<int>(std::clamp<std::int64_t>(y, 0, Height_));
+    };
+    Changed_.Include({row(firstRow), row(lastRow + 1)});
 }
 
 void Surface::FillSpan(std::int64_t firstX, std::int64_t lastX, int y, Pixel pixel) {
@@ -204,10 +227,7 @@ void Polygon(Surface& surface, std::span<const Vertex> vertices) {
         std::minmax_element(vertices.begin(), vertices.end(), [](Vertex a, Vertex b) { return a.Y < b.Y; });
     for (std::size_t i = 0; i < vertices.size(); ++i)
         surface.DrawEdge(vertices[i], vertices[(i + 1) % vertices.size()], PixelOf(surface.ForeColor));
-    const auto clamped = [&](std::int64_t row) {
-        return static_cast<int>(std::clamp<std::int64_t>(row, 0, surface.Height_));
-    };
-    surface.Changed_.Include({clamped(top->Y), clamped(std::int64_t{bottom->Y} + 1)});
+    surface.IncludeChanged(top->Y, bottom->Y);
 }
 
 void BitBlt(Surface& target, int x, int y, int width, int height, const Surface& source, int sourceX,

@@ -49,6 +49,21 @@ class Surface {
     Colour ForeColor = Rgb(0, 0, 0);
     Colour FillColor = Rgb(0, 0, 0);
     FillMode FillStyle = FillMode::None;
+    /// Units to the pixel in which Line and Print measure: 1 for pixels, 15 for twips. Polygons always count
+    /// pixels.
+    int UnitsPerPixel = 1;
+    /// Where Print puts the next text, its top left corner.
+    double CurrentX = 0;
+    double CurrentY = 0;
+
+    /// A text on the surface; its place in pixels. Glyphs are the one thing that the screen draws for us.
+    struct TextItem {
+        int X;
+        int Y;
+        Colour Ink;
+        std::string Text;
+        bool operator==(const TextItem&) const = default;
+    };
 
     /// Makes the surface of the given size in pixels, at least 1 by 1, filled with its background.
     Surface(int width = 1, int height = 1, Colour background = Rgb(192, 192, 192));
@@ -68,9 +83,13 @@ class Surface {
     /// The colour of the pixel nearest to (x, y); NoColour outside.
     Colour Point(double x, double y) const;
 
-    /// The upright rectangle with these two corners, in pixels: an outline of one pixel in the given colour,
-    /// filled with FillColor when FillStyle is Solid.
+    /// The upright rectangle with these two corners: an outline of one pixel in the given colour, filled with
+    /// FillColor when FillStyle is Solid.
     void Line(double x1, double y1, double x2, double y2, Colour colour);
+
+    /// Puts a text at (CurrentX, CurrentY) in ForeColor; the same text at the same spot again looks like one.
+    void Print(const std::string& text);
+    const std::vector<TextItem>& Texts() const { return Texts_; }
 
     /// The first pixel of row y, 0 to Height() - 1; the row's other pixels follow it.
     const Pixel* Row(int y) const { return &Pixels_[Offset(0, y)]; }
@@ -93,6 +112,7 @@ class Surface {
     std::size_t Offset(int x, int y) const {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(Width_) + static_cast<std::size_t>(x);
     }
+    void IncludeChanged(std::int64_t firstRow, std::int64_t lastRow);
     void FillSpan(std::int64_t firstX, std::int64_t lastX, int y, Pixel pixel);
     void DrawEdge(Vertex a, Vertex b, Pixel pixel);
     void FillInside(std::span<const Vertex> vertices, Pixel pixel);
@@ -100,6 +120,7 @@ class Surface {
     int Width_;
     int Height_;
     std::vector<Pixel> Pixels_;
+    std::vector<TextItem> Texts_;
     RowRange Changed_;
     RowRange Due_;
     long RefreshCount_ = 0;

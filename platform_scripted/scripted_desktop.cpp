@@ -85,8 +85,10 @@ std::int32_t mciSendStringA(const std::string& command, std::string&, std::int32
 void ShowForm(Form& form, Modality modality) {
     Load(form);
     form.Visible = true;
+    if (form.Activate) form.Activate();
     Desktop.Calls.push_back((modality == Modality::Modal ? "show modal " : "show ") + form.Name);
     if (modality != Modality::Modal) return;
+    TakeMouse();
     if (Desktop.WhileModal) Desktop.WhileModal();
     form.Visible = false;
 }
@@ -114,6 +116,27 @@ std::vector<Form*> LoadedForms() {
 void SetFocus(Form& form) {
     Desktop.Focused = &form;
     Desktop.Calls.push_back("focus " + form.Name);
+}
+
+void PrintForm(Form& form) {
+    Desktop.Calls.push_back("print " + form.Name);
+}
+
+void Navigate(WebBrowser&, const std::string& address) {
+    if (!Desktop.History.empty() && Desktop.History[Desktop.PageShown] == address) return;
+    FollowLink(address);
+}
+
+std::string LocationURL(const WebBrowser&) {
+    return Desktop.History.empty() ? "" : Desktop.History[Desktop.PageShown];
+}
+
+void GoBack(WebBrowser&) {
+    if (Desktop.PageShown > 0) --Desktop.PageShown;
+}
+
+void GoForward(WebBrowser&) {
+    if (Desktop.PageShown + 1 < Desktop.History.size()) ++Desktop.PageShown;
 }
 
 void EndProgram() {
@@ -171,6 +194,19 @@ void LoseMouse(Picture& picture) {
 
 void KeyDown(Picture& picture, std::int16_t keyCode, std::int16_t shift) {
     if (picture.KeyDown && TakesEvents(picture)) Deliver([&] { picture.KeyDown(keyCode, shift); });
+}
+
+void ScrollTo(ScrollBar& bar, int value) {
+    const std::int16_t stopped = NearestInt16(std::clamp<int>(value, 0, bar.Max));
+    if (!TakesEvents(bar) || stopped == bar.Value) return;
+    bar.Value = stopped;
+    if (bar.Change) Deliver(bar.Change);
+}
+
+void FollowLink(const std::string& address) {
+    if (!Desktop.History.empty()) Desktop.History.resize(Desktop.PageShown + 1);
+    Desktop.History.push_back(address);
+    Desktop.PageShown = Desktop.History.size() - 1;
 }
 
 void PressButton(TileButton& button) {

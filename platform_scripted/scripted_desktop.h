@@ -29,6 +29,9 @@ struct ScriptedDesktop {
 
     std::vector<BoxCall> Boxes;
     std::vector<OpenFileName> FileDialogs;
+    /// The pages of the one browser, and which of them is shown.
+    std::vector<std::string> History;
+    std::size_t PageShown = 0;
     std::vector<std::string> MediaCommands;
     /// Every call in its order, in words: "box TEXT", "media COMMAND", "show NAME", "focus NAME" and so on.
     std::vector<std::string> Calls;
@@ -58,6 +61,12 @@ void LoseMouse(Picture& picture);
 
 /// A key goes to the picture if it can take it.
 void KeyDown(Picture& picture, std::int16_t keyCode, std::int16_t shift);
+
+/// The player moves a scroll bar; it stops at its ends.
+void ScrollTo(ScrollBar& bar, int value);
+
+/// The player follows a link in the help page.
+void FollowLink(const std::string& address);
 
 /// A press on a button of the panel, and the choice of a menu item by its caption.
 void PressButton(TileButton& button);
