@@ -13,6 +13,7 @@
 #include "platform/random.h"
 #include "play/copy_to_board.h"
 #include "play/win_flow.h"
+#include "shell/all_shapes.h"
 #include "shell/levels.h"
 
 #include <algorithm>
@@ -84,6 +85,14 @@ void ToggleSound(std::int16_t index) {
     }
 }
 
+/// The first loaded form whose caption is not the panel's.
+Form* FirstOtherForm() {
+    const std::vector<Form*> loaded = LoadedForms();
+    const auto found = std::find_if(loaded.begin(), loaded.end(),
+                                    [](const Form* form) { return form->Caption != Form1.Caption; });
+    return found == loaded.end() ? nullptr : *found;
+}
+
 struct Command {
     const char* Text;
     void (*Run)(std::int16_t index);
@@ -97,6 +106,7 @@ constexpr Command Commands[] = {
     {"Random", SelectRandom},
     {"Reset", Reset},
     {"Copy", Copy},
+    {"View All", [](std::int16_t) { OpenThumbnails(); }},
     {"Append existing Quillet", Append},
     {"Remove existing Quillet", Remove},
     {"Normal", [](std::int16_t index) { SwitchLevel(index, Normal_Play); }},
@@ -135,17 +145,7 @@ void Openx_Click() {
 void Exitx_Click() {
     WriteSettings({Form1.Left, Form1.Top, FormMain.Left, FormMain.Top});
     CloseSound();
-    const auto other = [] {
-        const std::vector<Form*> loaded = LoadedForms();
-        const auto found = std::find_if(loaded.begin(), loaded.end(),
-                                        [](const Form* form) { return form->Caption != Form1.Caption; });
-        return found == loaded.end() ? nullptr : *found;
-    };
-    while (LoadedForms().size() > 1) {
-        Form* form = other();
-        if (!form) break;
-        UnloadForm(*form);
-    }
+    while (Form* form = LoadedForms().size() > 1 ? FirstOtherForm() : nullptr) UnloadForm(*form);
     UnloadForm(Form1);
     EndProgram();
 }

@@ -5,7 +5,11 @@
 #include "core/panel_window.h"
 #include "play/keyboard_play.h"
 #include "play/mouse_play.h"
+#include "shell/about_form.h"
+#include "shell/all_shapes.h"
 #include "shell/control_panel.h"
+#include "shell/help_form.h"
+#include "shell/print_shapes.h"
 #include "shell/start_and_stop.h"
 
 namespace {
@@ -31,7 +35,19 @@ void DesignWindows() {
     DesignForm1();
     Form1.CloseRequest = Exitx_Click;
     for (TileButton& button : Form1.MenuButx) button.Pressed = ButtonPressed;
+    Form1.TargetQui[1].MouseUp = [](std::int16_t Button, std::int16_t Shift, float X, float Y) {
+        TargetQui_MouseUp(1, Button, Shift, X, Y);
+    };
+    SetMenuHandler(Form1, "px", px_Click);
     SetMenuHandler(Form1, "Saveasx", Saveasx_Click);
     SetMenuHandler(Form1, "Openx", Openx_Click);
+    SetMenuHandler(Form1, "Helpx", Helpx_Click);
+    SetMenuHandler(Form1, "Aboutx", Aboutx_Click);
     SetMenuHandler(Form1, "Exitx", Exitx_Click);
+
+    // These windows answer their own events.
+    DesignAllShapes();
+    DesignPrintShapes();
+    DesignHelpForm();
+    DesignAboutForm();
 }

@@ -1,0 +1,27 @@
+// View All: up to 64 quillets at a time, to be looked at and chosen from.
+#pragma once
+
+#include "platform/forms.h"
+
+struct ThumbnailWindow : Form {
+    ScrollBar VScroll1;
+    Label Label1; ///< the number of the figure under the pointer
+};
+
+extern ThumbnailWindow AllShapes;
+
+/// Sets the window back to its design, and the page to the first.
+void DesignAllShapes();
+
+/// Draws the page that begins after ViewTop; does not clear the window.
+void DrawThumbnails();
+
+/// Opens View All as the panel's button does: beside the game, at the first page.
+void OpenThumbnails();
+
+/// Opens View All as a right click on the target does: modal, at the page where it last stood. A window that
+/// stands open already is drawn anew and raised.
+void TargetQui_MouseUp(std::int16_t Index, std::int16_t Button, std::int16_t Shift, float X, float Y);
+
+/// The number of the quillet under a point in twips; 0 where it is none of the collection's.
+int ThumbIndex(float X, float Y);
