@@ -8,6 +8,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSvgRenderer>
 #include <cmath>
 
 namespace {
@@ -28,6 +29,22 @@ std::int16_t ButtonCode(Qt::MouseButton button) {
     default:
         return 0;
     }
+}
+
+/// The pixel under the pointer, also where a scaled display puts the pointer between two of ours.
+QPoint PixelOf(const QMouseEvent& event) {
+    return {static_cast<int>(std::floor(event.position().x())),
+            static_cast<int>(std::floor(event.position().y()))};
+}
+
+/// Calls the handler with the pixel in its units.
+void DeliverMouse(MouseHandler handler, const QMouseEvent& event, int unitsPerPixel) {
+    if (!handler) return;
+    const QPoint pixel = PixelOf(event) * unitsPerPixel;
+    Deliver([&] {
+        handler(ButtonCode(event.button()), ShiftState(event.modifiers()), static_cast<float>(pixel.x()),
+                static_cast<float>(pixel.y()));
+    });
 }
 
 } // namespace
@@ -51,20 +68,17 @@ void PictureWidget::ShowRecord(ShownRows rows) {
 void PictureWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     ShowSurface(painter, Record.Image, event->rect());
-}
-
-void PictureWidget::Mouse(MouseHandler handler, const QMouseEvent& event) {
-    if (!handler || !Record.Enabled) return;
-    // The pixel under the pointer, also where a scaled display puts the pointer between two of ours.
-    const auto x = static_cast<float>(std::floor(event.position().x()));
-    const auto y = static_cast<float>(std::floor(event.position().y()));
-    Deliver([&] { handler(ButtonCode(event.button()), ShiftState(event.modifiers()), x, y); });
+    if (Record.Icon.empty()) return;
+    const int size = std::min(width(), height());
+    QSvgRenderer icon(IconFile(Record.Icon));
+    icon.render(&painter, QRectF((width() - size) / 2, (height() - size) / 2, size, size));
 }
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
     if (ButtonCode(event->button()) == 0) return;
     Pressed = true;
-    Mouse(Record.MouseDown, *event);
+    LastPixel = PixelOf(*event);
+    if (Record.Enabled) DeliverMouse(Record.MouseDown, *event, 1);
 }
 
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -74,13 +88,16 @@ void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
     // No button is down although we saw no release: it went to somebody else.
     if (Pressed && event->buttons() == Qt::NoButton) LoseMouse();
-    Mouse(Record.MouseMove, *event);
+    // On a scaled display the pointer can move within one of our pixels: no move to the game.
+    if (PixelOf(*event) == LastPixel) return;
+    LastPixel = PixelOf(*event);
+    if (Record.Enabled) DeliverMouse(Record.MouseMove, *event, 1);
 }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (ButtonCode(event->button()) == 0) return;
     Pressed = event->buttons() != Qt::NoButton;
-    Mouse(Record.MouseUp, *event);
+    if (Record.Enabled) DeliverMouse(Record.MouseUp, *event, 1);
 }
 
 void PictureWidget::LoseMouse() {
@@ -109,9 +126,14 @@ LabelWidget::LabelWidget(Label& record, QWidget* parent) : QLabel(parent), Recor
 }
 
 void LabelWidget::ShowRecord() {
-    setGeometry(PlaceOf(Record));
-    setVisible(Record.Visible);
     setText(QtText(Record.Caption));
+    const QRect place = PlaceOf(Record);
+    setGeometry(Record.AutoSize ? QRect(place.topLeft(), sizeHint()) : place);
+    setVisible(Record.Visible && !(Record.AutoSize && Record.Caption.empty()));
+}
+
+void LabelWidget::mouseReleaseEvent(QMouseEvent* event) {
+    DeliverMouse(Record.MouseUp, *event, 1);
 }
 
 FrameWidget::FrameWidget(Frame& record, QWidget* parent) : QWidget(parent), Record(record) {
@@ -135,12 +157,95 @@ void FrameWidget::paintEvent(QPaintEvent*) {
     const QFontMetrics metrics(font());
     const QString caption = accessibleName();
     const QRect line = rect().adjusted(0, metrics.height() / 2, -1, -1);
-    painter.setPen(QtColour(Rgb(255, 255, 255)));
+    painter.setPen(QtColour(Highlight3D));
     painter.drawRect(line.adjusted(1, 1, 0, 0));
-    painter.setPen(QtColour(Rgb(160, 160, 160)));
+    painter.setPen(QtColour(Shadow3D));
     painter.drawRect(line.adjusted(0, 0, -1, -1));
     const QRect text(CaptionLeft, 0, metrics.horizontalAdvance(caption), metrics.height());
     painter.fillRect(text.adjusted(-CaptionGap, 0, CaptionGap, 0), QtColour(ButtonFace));
-    painter.setPen(Qt::black);
+    painter.setPen(QtColour(WindowText));
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, caption);
+}
+
+ScrollBarWidget::ScrollBarWidget(ScrollBar& record, QWidget* parent)
+    : QScrollBar(Qt::Vertical, parent), Record(record) {
+    setObjectName(QString::fromStdString(record.Name));
+    setFocusPolicy(Qt::StrongFocus);
+    ShowRecord();
+    connect(this, &QScrollBar::valueChanged, this, [this](int value) {
+        if (value == Record.Value) return;
+        Record.Value = NearestInt16(value);
+        if (Record.Change) Deliver(Record.Change);
+    });
+}
+
+void ScrollBarWidget::ShowRecord() {
+    setGeometry(PlaceOf(Record));
+    setEnabled(Record.Enabled);
+    setSingleStep(Record.SmallChange);
+    setPageStep(Record.LargeChange);
+    // The record is right, and its Change is not to be told of it.
+    const QSignalBlocker quiet(this);
+    setRange(0, Record.Enabled ? Record.Max : 0);
+    setValue(Record.Value);
+}
+
+CommandButtonWidget::CommandButtonWidget(CommandButton& record, QWidget* parent)
+    : QPushButton(parent), Record(record) {
+    setObjectName(QString::fromStdString(record.Name));
+    setFont(QtFont(record.Font));
+    connect(this, &QPushButton::clicked, this, [this] {
+        if (Record.Click) DeliverCommand(Record.Click);
+    });
+    ShowRecord();
+}
+
+void CommandButtonWidget::ShowRecord() {
+    setGeometry(PlaceOf(Record));
+    setText(QtText(Record.Caption));
+}
+
+TextBoxWidget::TextBoxWidget(TextBox& record, QWidget* parent) : QLabel(parent), Record(record) {
+    setObjectName(QString::fromStdString(record.Name));
+    setFont(QtFont(record.Font));
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setMargin(3);
+    ShowRecord();
+}
+
+void TextBoxWidget::ShowRecord() {
+    setGeometry(PlaceOf(Record));
+    setText(QtText(Record.Text));
+}
+
+void TextBoxWidget::mousePressEvent(QMouseEvent* event) {
+    DeliverMouse(Record.MouseDown, *event, 1);
+}
+
+ClientWidget::ClientWidget(Form& record, QWidget* parent) : QWidget(parent), Record(record) {
+    setMouseTracking(true);
+    setFont(QtFont(record.Font));
+}
+
+void ClientWidget::ShowRecord(ShownRows rows) {
+    if (!Record.ShowsImage) return;
+    const RowRange range =
+        rows == ShownRows::Due ? Record.Image.TakeDueRows() : Record.Image.TakeChangedRows();
+    if (!range.Empty()) update(0, range.First, width(), range.Last - range.First);
+}
+
+void ClientWidget::paintEvent(QPaintEvent* event) {
+    if (!Record.ShowsImage) return;
+    QPainter painter(this);
+    ShowSurface(painter, Record.Image, event->rect());
+}
+
+void ClientWidget::mouseMoveEvent(QMouseEvent* event) {
+    DeliverMouse(Record.MouseMove, *event, TwipsPerPixelX());
+}
+
+void ClientWidget::mouseReleaseEvent(QMouseEvent* event) {
+    DeliverMouse(Record.MouseUp, *event, TwipsPerPixelX());
 }

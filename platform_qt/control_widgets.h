@@ -5,6 +5,9 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSvgRenderer>
 #include <QWidget>
 
 /// Which rows of a surface are to be shown: those refreshed, or all that were drawn on.
@@ -28,16 +31,19 @@ class PictureWidget : public QWidget {
     bool focusNextPrevChild(bool) override { return false; }
 
   private:
-    void Mouse(MouseHandler handler, const QMouseEvent& event);
-
     Picture& Record;
     bool Pressed = false;
+    /// The pixel of the last press or move that the game heard of.
+    QPoint LastPixel;
 };
 
 class LabelWidget : public QLabel {
   public:
     LabelWidget(Label& record, QWidget* parent);
     void ShowRecord();
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
     Label& Record;
@@ -70,4 +76,50 @@ class TileButtonWidget : public QAbstractButton {
 
   private:
     TileButton& Record;
+    QSvgRenderer Icon;
+};
+
+class ScrollBarWidget : public QScrollBar {
+  public:
+    ScrollBarWidget(ScrollBar& record, QWidget* parent);
+    void ShowRecord();
+
+  private:
+    ScrollBar& Record;
+};
+
+class CommandButtonWidget : public QPushButton {
+  public:
+    CommandButtonWidget(CommandButton& record, QWidget* parent);
+    void ShowRecord();
+
+  private:
+    CommandButton& Record;
+};
+
+class TextBoxWidget : public QLabel {
+  public:
+    TextBoxWidget(TextBox& record, QWidget* parent);
+    void ShowRecord();
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    TextBox& Record;
+};
+
+/// The surface of a form, with its mouse.
+class ClientWidget : public QWidget {
+  public:
+    ClientWidget(Form& record, QWidget* parent);
+    void ShowRecord(ShownRows rows);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    Form& Record;
 };

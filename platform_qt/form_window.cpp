@@ -2,6 +2,8 @@
 #include "platform_qt/form_window.h"
 
 #include "platform/desktop.h"
+#include "platform_qt/browser_widget.h"
+#include "platform_qt/key_codes.h"
 #include "platform_qt/qt_desktop.h"
 #include "platform_qt/qt_text.h"
 
@@ -23,6 +25,10 @@ Qt::WindowFlags FlagsOf(const Form& form) {
 
 /// The nearest place for the window on a screen; its own place if any part of it shows there.
 QPoint OnScreen(QRect window) {
+    // Any place may stand in a settings file; far enough away is far enough.
+    constexpr int Farthest = 1'000'000;
+    window.moveTo(std::clamp(window.left(), -Farthest, Farthest),
+                  std::clamp(window.top(), -Farthest, Farthest));
     const QList<QScreen*> screens = QGuiApplication::screens();
     const auto shows = [&](const QScreen* screen) { return screen->availableGeometry().intersects(window); };
     if (screens.isEmpty() || std::any_of(screens.begin(), screens.end(), shows)) return window.topLeft();
@@ -36,10 +42,15 @@ QPoint OnScreen(QRect window) {
             std::clamp(window.top(), area.top(), std::max(area.top(), area.bottom() - window.height()))};
 }
 
+QPoint CentreOfScreen(QSize size) {
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    return area.topLeft() + QPoint((area.width() - size.width()) / 2, (area.height() - size.height()) / 2);
+}
+
 } // namespace
 
 FormWindow::FormWindow(Form& record)
-    : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new QWidget(this)) {
+    : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new ClientWidget(record, this)) {
     setObjectName(QString::fromStdString(record.Name));
     setWindowIcon(QIcon(":/icons/quillets.svg"));
     AddMenus();
@@ -70,6 +81,23 @@ void FormWindow::Add(Frame& record, QWidget* parent) {
     AddControls(record.Controls, frame);
 }
 
+void FormWindow::Add(ScrollBar& record, QWidget* parent) {
+    Bar = new ScrollBarWidget(record, parent);
+    ShowLater(Bar);
+}
+
+void FormWindow::Add(CommandButton& record, QWidget* parent) {
+    ShowLater(new CommandButtonWidget(record, parent));
+}
+
+void FormWindow::Add(TextBox& record, QWidget* parent) {
+    ShowLater(new TextBoxWidget(record, parent));
+}
+
+void FormWindow::Add(WebBrowser& record, QWidget* parent) {
+    ShowLater(new BrowserWidget(record, parent));
+}
+
 template <typename Widget>
 void FormWindow::ShowLater(Widget* widget) {
     OtherControls.push_back([widget] { widget->ShowRecord(); });
@@ -92,25 +120,36 @@ void FormWindow::AddMenus() {
     }
 }
 
-void FormWindow::Place() {
-    const int menuHeight = MenuBar ? MenuBar->sizeHint().height() : 0;
+int FormWindow::MenuHeight() const {
+    return MenuBar ? MenuBar->sizeHint().height() : 0;
+}
+
+/// The client area below the menu; a window of fixed size follows its record, a sizable one leads it.
+void FormWindow::PlaceClient() {
     const QSize client(ClientWidth(Record), ClientHeight(Record));
-    if (MenuBar) MenuBar->setGeometry(0, 0, client.width(), menuHeight);
-    Client->setGeometry(0, menuHeight, client.width(), client.height());
-    setFixedSize(client.width(), client.height() + menuHeight);
+    if (MenuBar) MenuBar->setGeometry(0, 0, client.width(), MenuHeight());
+    Client->setGeometry(0, MenuHeight(), client.width(), client.height());
+    const QSize whole(client.width(), client.height() + MenuHeight());
+    if (Record.Border == BorderStyle::FixedSingle)
+        setFixedSize(whole);
+    else if (!isVisible())
+        resize(whole);
 }
 
 void FormWindow::ShowRecord(ShownRows rows) {
-    Place();
+    PlaceClient();
     setWindowTitle(QtText(Record.Caption));
+    Client->ShowRecord(rows);
     for (PictureWidget* picture : Pictures) picture->ShowRecord(rows);
     for (const auto& show : OtherControls) show();
 }
 
 void FormWindow::ShowAtPlace() {
-    if (!isVisible()) move(OnScreen(QRect(QPoint(PixelsOf(Record.Left), PixelsOf(Record.Top)), size())));
+    const QRect own(QPoint(PixelsOf(Record.Left), PixelsOf(Record.Top)), size());
+    if (!isVisible()) move(Record.Centred ? CentreOfScreen(size()) : OnScreen(own));
     show();
     raise();
+    activateWindow();
 }
 
 void FormWindow::LoseMouse() {
@@ -134,6 +173,29 @@ void FormWindow::moveEvent(QMoveEvent*) {
 }
 
 void FormWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) LoseMouse();
     QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange) return;
+    if (!isActiveWindow())
+        LoseMouse();
+    else if (Record.Activate && Record.Visible)
+        Deliver(Record.Activate);
+}
+
+void FormWindow::resizeEvent(QResizeEvent*) {
+    if (Record.Border != BorderStyle::Sizable || !isVisible()) return;
+    Resize(Record, static_cast<float>(width() * TwipsPerPixelX()) + FrameWidth(Record.Border),
+           static_cast<float>((height() - MenuHeight()) * TwipsPerPixelY()) + FrameHeight(Record.Border));
+    Deliver([this] {
+        if (Record.Resized) Record.Resized();
+    });
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    std::int16_t keyCode = VirtualKeyCode(*event);
+    if (Record.KeyDown) Deliver([&] { Record.KeyDown(keyCode, ShiftState(event->modifiers())); });
+}
+
+/// Wherever the wheel turns in the window, it turns the scroll bar.
+void FormWindow::wheelEvent(QWheelEvent* event) {
+    if (Bar && Bar->isEnabled()) QCoreApplication::sendEvent(Bar, event);
 }

@@ -16,6 +16,9 @@ class FormWindow : public QWidget {
     /// Shows the window at the record's place; one that lies off every screen is moved onto the nearest.
     void ShowAtPlace();
 
+    /// What a print of the form shows.
+    QWidget* ClientArea() { return Client; }
+
     /// Ends every press under way on the pictures.
     void LoseMouse();
 
@@ -23,6 +26,9 @@ class FormWindow : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     void AddControls(const std::vector<ControlRef>& controls, QWidget* parent);
@@ -30,13 +36,19 @@ class FormWindow : public QWidget {
     void Add(Label& record, QWidget* parent);
     void Add(TileButton& record, QWidget* parent);
     void Add(Frame& record, QWidget* parent);
+    void Add(ScrollBar& record, QWidget* parent);
+    void Add(CommandButton& record, QWidget* parent);
+    void Add(TextBox& record, QWidget* parent);
+    void Add(WebBrowser& record, QWidget* parent);
     template <typename Widget>
     void ShowLater(Widget* widget);
     void AddMenus();
-    void Place();
+    void PlaceClient();
+    int MenuHeight() const;
 
     Form& Record;
-    QWidget* Client;
+    ClientWidget* Client;
+    ScrollBarWidget* Bar = nullptr;
     class QMenuBar* MenuBar = nullptr;
     std::vector<PictureWidget*> Pictures;
     std::vector<std::function<void()>> OtherControls;

@@ -94,6 +94,7 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
     QApplication::setApplicationName("Quillets");
     QApplication::setQuitOnLastWindowClosed(false);
     SetLightColours();
+    QApplication::setFont(QtFont({"Arial", 9, false}));
     Folder = folder;
     Load(startForm);
     ShowForm(startForm, Modality::Modeless);
@@ -133,6 +134,7 @@ BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, cons
 void ShowForm(Form& form, Modality modality) {
     Load(form);
     form.Visible = true;
+    if (form.Activate) form.Activate();
     FormWindow& window = WindowOf(form);
     window.ShowRecord(ShownRows::Changed);
     window.setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
@@ -140,6 +142,10 @@ void ShowForm(Form& form, Modality modality) {
     window.ShowAtPlace();
     if (modality == Modality::Modal)
         while (form.Visible) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+QWidget* ClientAreaOf(Form& form) {
+    return WindowOf(form).ClientArea();
 }
 
 void HideForm(Form& form) {
@@ -163,6 +169,7 @@ std::vector<Form*> LoadedForms() {
 
 void SetFocus(Form& form) {
     FormWindow& window = WindowOf(form);
+    if (window.isMinimized()) window.showNormal();
     window.activateWindow();
     window.raise();
 }

@@ -16,6 +16,9 @@ void Deliver(const std::function<void()>& handler);
 /// The same for a button, a menu item or a window's wish to close: a drag under way loses the mouse first.
 void DeliverCommand(const std::function<void()>& handler);
 
+/// The widget that shows the form's client area.
+class QWidget* ClientAreaOf(Form& form);
+
 /// Before a box or a dialog comes up in the middle of a handler: shows what is due, and takes the mouse from
 /// a drag.
 void PrepareForModal();

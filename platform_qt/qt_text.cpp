@@ -19,6 +19,10 @@ QFont QtFont(const Font& font) {
     return result;
 }
 
+QString IconFile(const std::string& name) {
+    return QString(":/icons/%1.svg").arg(QString::fromStdString(name));
+}
+
 int PixelsOf(float twips) {
     return NearestInt32(twips / TwipsPerPixelX());
 }

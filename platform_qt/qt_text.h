@@ -15,5 +15,8 @@ QColor QtColour(Colour colour);
 /// A font of the stated points at 96 dots to the inch, whatever the screen says of itself.
 QFont QtFont(const Font& font);
 
+/// The resource that holds an icon of that name.
+QString IconFile(const std::string& name);
+
 /// Twips as pixels of the window's own scale.
 int PixelsOf(float twips);

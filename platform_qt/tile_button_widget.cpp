@@ -39,7 +39,7 @@ void DrawLatchFrame(QPainter& painter, const QRect& box) {
 } // namespace
 
 TileButtonWidget::TileButtonWidget(TileButton& record, QWidget* parent)
-    : QAbstractButton(parent), Record(record) {
+    : QAbstractButton(parent), Record(record), Icon(IconFile(record.Picture)) {
     const QString command = QString::fromStdString(record.ToolTipText);
     setObjectName(QString("%1_%2").arg(QString::fromStdString(record.Name)).arg(record.Index));
     setToolTip(command);
@@ -62,12 +62,11 @@ void TileButtonWidget::ShowRecord() {
 void TileButtonWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool sunken = isDown() || isChecked();
-    const Colour face = isChecked() ? LatchedFace : underMouse() ? HoverFace : Record.BackColor;
+    const Colour face = isChecked() ? LatchedFace : underMouse() ? HoverFace : Record.PicBack;
     painter.fillRect(rect(), QtColour(face));
     // A pressed icon gives way by one pixel.
     const QPoint corner((width() - IconSize) / 2 + isDown(), (height() - IconSize) / 2 + isDown());
-    QSvgRenderer icon(QString(":/icons/%1.svg").arg(QString::fromStdString(Record.Picture)));
-    icon.render(&painter, QRectF(corner, QSizeF(IconSize, IconSize)));
+    Icon.render(&painter, QRectF(corner, QSizeF(IconSize, IconSize)));
     DrawBorders(painter, Record, rect(), sunken);
     if (isChecked()) DrawLatchFrame(painter, rect());
 }

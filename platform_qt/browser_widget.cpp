@@ -1,0 +1,78 @@
+// The help view. Links are followed here and not by the view itself, which would go blank at a dead one.
+#include "platform_qt/browser_widget.h"
+
+#include "platform/desktop.h"
+#include "platform_qt/qt_desktop.h"
+#include "platform_qt/qt_text.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <map>
+
+namespace {
+
+std::map<const WebBrowser*, BrowserWidget*> Browsers;
+
+/// The file that an address of the program's folder leads to; empty for everything else.
+QString FileOf(const QUrl& address) {
+    if (!address.isLocalFile() && !address.scheme().isEmpty()) return {};
+    const QString file =
+        QFileInfo(address.isLocalFile() ? address.toLocalFile() : address.path()).canonicalFilePath();
+    const QString folder = QFileInfo(QString::fromStdString(ApplicationFolder())).canonicalFilePath();
+    return file.startsWith(folder + '/') && QFileInfo(file).isFile() ? file : QString();
+}
+
+} // namespace
+
+BrowserWidget::BrowserWidget(WebBrowser& record, QWidget* parent) : QTextBrowser(parent), Record(record) {
+    setObjectName(QString::fromStdString(record.Name));
+    setOpenLinks(false);
+    connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& address) {
+        if (!FileOf(address).isEmpty()) setSource(address);
+    });
+    Browsers[&record] = this;
+    ShowRecord();
+}
+
+BrowserWidget::~BrowserWidget() {
+    Browsers.erase(&Record);
+}
+
+void BrowserWidget::ShowRecord() {
+    setGeometry(PixelsOf(Record.Left), PixelsOf(Record.Top), PixelsOf(Record.Width), PixelsOf(Record.Height));
+}
+
+void BrowserWidget::GoTo(const QUrl& address) {
+    if (FileOf(address).isEmpty())
+        setPlainText("The help page is not there:\n" + address.toLocalFile());
+    else
+        setSource(address);
+}
+
+BrowserWidget* BrowserWidget::Of(const WebBrowser& record) {
+    const auto found = Browsers.find(&record);
+    return found == Browsers.end() ? nullptr : found->second;
+}
+
+QVariant BrowserWidget::loadResource(int, const QUrl& name) {
+    QFile file(FileOf(source().resolved(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QVariant(QByteArray());
+}
+
+void Navigate(WebBrowser& browser, const std::string& address) {
+    if (BrowserWidget* view = BrowserWidget::Of(browser))
+        view->GoTo(QUrl::fromLocalFile(QString::fromStdString(address)));
+}
+
+std::string LocationURL(const WebBrowser& browser) {
+    const BrowserWidget* view = BrowserWidget::Of(browser);
+    return view ? view->source().toString().toStdString() : "";
+}
+
+void GoBack(WebBrowser& browser) {
+    if (BrowserWidget* view = BrowserWidget::Of(browser)) view->backward();
+}
+
+void GoForward(WebBrowser& browser) {
+    if (BrowserWidget* view = BrowserWidget::Of(browser)) view->forward();
+}
