@@ -19,29 +19,34 @@ fs::path ExecutableFolder() {
 
 fs::path PlayersFolder() {
     const char* data = std::getenv("XDG_DATA_HOME");
-    if (data && *data) return fs::path(data) / "quillets";
+    // A relative folder means nothing here, and is to be passed over.
+    if (data && fs::path(data).is_absolute()) return fs::path(data) / "quillets";
     const char* home = std::getenv("HOME");
-    return fs::path(home && *home ? home : ".") / ".local/share/quillets";
+    std::error_code error;
+    return fs::absolute(home && *home ? home : ".", error) / ".local/share/quillets";
 }
 
 bool CanWrite(const fs::path& folder) {
     return ::access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
-/// A program among other programs is no data file, and neither are things in folders below.
-bool IsData(const fs::directory_entry& entry) {
-    std::error_code error;
-    return entry.is_regular_file(error) && ::access(entry.path().c_str(), X_OK) != 0;
+bool IsData(const fs::path& file) {
+    const fs::path ending = file.extension();
+    return ending == ".qui" || ending == ".cfg" || ending == ".wav" || ending == ".htm" || ending == ".png";
 }
 
+/// Copies the shipped files that are missing in the player's folder, with the folders that they stand in.
 void CopyMissing(const fs::path& from, const fs::path& to) {
     std::error_code error;
     fs::create_directories(to, error);
-    for (const fs::directory_entry& entry : fs::directory_iterator(from, error)) {
-        if (!IsData(entry)) continue;
-        const fs::path target = to / entry.path().filename();
-        fs::copy_file(entry.path(), target, fs::copy_options::skip_existing, error);
-        fs::permissions(target, fs::perms::owner_write, fs::perm_options::add, error);
+    fs::recursive_directory_iterator entry(from, error);
+    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
+        if (!IsData(entry->path())) continue;
+        const fs::path target = to / entry->path().lexically_relative(from);
+        std::error_code failed;
+        fs::create_directories(target.parent_path(), failed);
+        if (fs::copy_file(entry->path(), target, fs::copy_options::skip_existing, failed))
+            fs::permissions(target, fs::perms::owner_write, fs::perm_options::add, failed);
     }
 }
 

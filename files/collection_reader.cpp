@@ -7,6 +7,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <string>
@@ -14,6 +15,10 @@
 namespace {
 
 constexpr int LinesBeforeFreeField = 64;
+constexpr int FieldsOfARecord = 24;
+
+/// Far beyond any place or size, and far from where products of such numbers cease to be numbers.
+constexpr double LargestNumber = 1e9;
 
 /// Reads numbers and remembers the first fault; after a fault every number is 0.
 class CollectionScanner {
@@ -37,10 +42,12 @@ class CollectionScanner {
         const std::optional<double> value = ParseNumber(field);
         if (!value)
             Fail(Reader.Line(), field.empty() ? "a number is missing" : Quoted(field) + " is not a number");
-        return value.value_or(0);
+        else if (std::abs(*value) > LargestNumber)
+            Fail(Reader.Line(), "a number is out of range");
+        return Failed() ? 0 : *value;
     }
 
-    std::int16_t ReadInt16(double factor = 1) { return ToInt16(ReadNumber() * factor); }
+    std::int16_t ReadInt16() { return ToInt16(ReadNumber()); }
 
     std::int16_t ToInt16(double value) {
         constexpr double Low = std::numeric_limits<std::int16_t>::min();
@@ -90,7 +97,8 @@ void ReadShapeRow(CollectionScanner& scanner, GameState& scratch, int piece, int
     scratch.PieceHeight[piece][turn] = FloorNumber(scanner.ReadNumber() * unit);
     scanner.ReadNumber();
     scanner.ReadNumber();
-    for (std::size_t k = 1; k <= 10; ++k) scratch.PieceShape[k][piece][turn] = scanner.ReadInt16(unit);
+    for (std::size_t k = 1; k <= 10; ++k)
+        scratch.PieceShape[k][piece][turn] = scanner.ToInt16(scanner.ReadInt16() * unit);
     scratch.TurnShiftX[piece][turn] = FloorNumber(scanner.ReadNumber() * scratch.UnitStraight);
     const float shiftY = Single(scanner.ReadNumber());
     scratch.TurnShiftY[piece][turn] = scanner.ToInt16(FloorNumber(shiftY * scratch.UnitStraight));
@@ -116,6 +124,8 @@ struct QuilletTables {
 /// the same, since a later Remove would give it a number.
 void ReadRecord(CollectionScanner& scanner, QuilletTables& tables) {
     scanner.Reader.SkipEmptyLines();
+    if (scanner.Reader.FieldsOnLine() != FieldsOfARecord)
+        return scanner.Fail(scanner.Reader.NextLine(), "a record has 24 numbers");
     const bool counts = scanner.ReadNumber() > 0;
     const Number left = scanner.ReadNumber();
     const Number top = scanner.ReadNumber();

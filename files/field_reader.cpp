@@ -1,6 +1,7 @@
 // Fields, lines and decimal numbers.
 #include "files/field_reader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -45,21 +46,38 @@ std::string_view FieldReader::NextField() {
     return Take(",\n");
 }
 
-std::string_view FieldReader::NextQuotedField() {
+std::string FieldReader::NextQuotedField() {
     const std::size_t first = Rest_.find_first_not_of(Blanks);
-    if (first == std::string_view::npos || Rest_[first] != '"') return NextField();
-    const std::size_t close = Rest_.find_first_of("\"\n", first + 1);
-    if (close == std::string_view::npos || Rest_[close] != '"') return NextField();
-    const std::string_view field = Rest_.substr(first + 1, close - first - 1);
-    Rest_.remove_prefix(close + 1);
+    if (first == std::string_view::npos || Rest_[first] != '"') return std::string(NextField());
+    std::string field;
+    std::size_t at = first + 1;
+    for (; at < Rest_.size() && Rest_[at] != '\n'; ++at) {
+        if (Rest_[at] == '"' && !Rest_.substr(at + 1).starts_with('"')) break;
+        if (Rest_[at] == '"') ++at;
+        field += Rest_[at];
+    }
+    Rest_.remove_prefix(at);
     NextField();
     return field;
 }
 
 std::string_view FieldReader::NextBlankSeparatedField() {
-    const std::size_t first = Rest_.find_first_not_of(Blanks);
-    Rest_.remove_prefix(first == std::string_view::npos ? Rest_.size() : first);
-    return Take(", \t\n");
+    const auto passBlanks = [this] {
+        Rest_.remove_prefix(std::min(Rest_.find_first_not_of(" \t\r"), Rest_.size()));
+    };
+    passBlanks();
+    const std::size_t end = Rest_.find_first_of(", \t\r\n");
+    const std::string_view field = Rest_.substr(0, end);
+    Rest_.remove_prefix(field.size());
+    // The blanks after a number belong to the one separator behind them.
+    passBlanks();
+    if (Rest_.starts_with(',') || Rest_.starts_with('\n')) Rest_.remove_prefix(1);
+    return field;
+}
+
+std::ptrdiff_t FieldReader::FieldsOnLine() const {
+    const std::string_view line = Rest_.substr(0, Rest_.find('\n'));
+    return std::count(line.begin(), line.end(), ',') + 1;
 }
 
 void FieldReader::SkipEmptyLines() {

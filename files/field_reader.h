@@ -1,7 +1,9 @@
 // Reads a text field by field, as every text file of the game is read.
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 /// A field ends at a comma or a line end (LF or CR LF); one read takes the next field wherever it lies.
@@ -15,11 +17,14 @@ class FieldReader {
 
     std::string_view NextField();
 
-    /// A field that may stand in double quotes, and then may hold commas.
-    std::string_view NextQuotedField();
+    /// A field that may stand in double quotes, and then may hold commas and doubled double quotes.
+    std::string NextQuotedField();
 
     /// A number field: here a blank ends a number as a comma or a line end does.
     std::string_view NextBlankSeparatedField();
+
+    /// How many fields there are on the rest of the line.
+    std::ptrdiff_t FieldsOnLine() const;
 
     /// Passes over lines that hold nothing but blanks.
     void SkipEmptyLines();

@@ -24,7 +24,7 @@ constexpr int MostWidenings = 12;
 PerPiece<std::string> TouchList;
 
 std::string Member(int piece) {
-    return " " + std::to_string(piece);
+    return {' ', static_cast<char>('0' + piece)};
 }
 
 bool Holds(const std::string& set, int piece) {

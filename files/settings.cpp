@@ -7,6 +7,9 @@
 #include "platform/files.h"
 
 #include <charconv>
+#include <cmath>
+#include <optional>
+#include <string_view>
 
 namespace {
 
@@ -24,11 +27,17 @@ std::string Decimal(float number) {
     return {text.data(), end};
 }
 
-/// The file name behind the last separator; in double quotes where it would not come back as it is.
+/// The file name behind the last separator; in double quotes, those within it doubled, where it would not
+/// come back as it is.
 std::string CollectionField() {
     const std::string name = Game.QuilletFile.substr(Game.QuilletFile.rfind(PathSeparator) + 1);
-    const bool plain = name.find(',') == std::string::npos && !name.starts_with(' ') && !name.ends_with(' ');
-    return plain ? name : '"' + name + '"';
+    const std::string_view blanks = " \t";
+    const bool plain = name.find_first_of(",\"") == std::string::npos && !name.empty()
+                       && blanks.find(name.front()) == blanks.npos && blanks.find(name.back()) == blanks.npos;
+    if (plain) return name;
+    std::string quoted = "\"";
+    for (const char c : name) quoted += c == '"' ? "\"\"" : std::string(1, c);
+    return quoted + '"';
 }
 
 } // namespace
@@ -44,9 +53,15 @@ Settings ReadSettings() {
     std::string text;
     ReadFile(SettingsPath(), LargestFile, text);
     FieldReader reader(text);
-    if (const std::string_view name = reader.NextQuotedField(); !name.empty()) settings.CollectionName = name;
-    for (float& place : settings.Placement)
-        if (const auto number = ParseNumber(reader.NextBlankSeparatedField())) place = Single(*number);
+    if (const std::string name = reader.NextQuotedField(); !name.empty()) settings.CollectionName = name;
+    // A place with a part that can't be read is none.
+    std::array<float, 4> placement{};
+    for (float& place : placement) {
+        const std::optional<double> number = ParseNumber(reader.NextBlankSeparatedField());
+        if (!number || !std::isfinite(Single(*number))) return settings;
+        place = Single(*number);
+    }
+    settings.Placement = placement;
     return settings;
 }
 

@@ -11,7 +11,8 @@ void PlayCue(const std::string& name) {
 }
 
 void CloseSound() {
-    std::string answer = "0";
-    mciSendStringA("stop mp3", answer, 0, nullptr);
-    mciSendStringA("close all", answer, 0, nullptr);
+    for (const char* command : {"stop mp3", "close all"}) {
+        std::string answer = "0";
+        mciSendStringA(command, answer, 0, nullptr);
+    }
 }

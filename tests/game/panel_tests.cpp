@@ -210,7 +210,8 @@ TEST_F(PanelTest, ExitSavesTheSettingsClosesTheSoundAndEndsInOrder) {
 }
 
 TEST_F(PanelTest, AnyNameOfACollectionComesBackFromTheSettings) {
-    for (const char* name : {"a, b.qui", "plain.qui", " blank .qui", "with \"quotes\".qui"}) {
+    for (const char* name :
+         {"a, b.qui", "plain.qui", " blank .qui", "with \"quotes\".qui", "\"a\",b.qui", "\ttab.qui"}) {
         WriteText(Folder / name, ShippedHead());
         Game.QuilletFile = "/some/other/folder/" + std::string(name);
         ChooseMenuItem(Form1, "Exit");
