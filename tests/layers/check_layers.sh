@@ -1,0 +1,44 @@
+#!/bin/bash
+# The layers hold: includes point down only, and the logic neither names Qt nor needs a symbol of it.
+# Usage: check_layers.sh ROOT LOGIC_LIBRARY... -- QT_LIBRARY...
+set -euo pipefail
+cd "$1"
+shift
+
+declare -A MayInclude=(
+    [platform]="platform"
+    [core]="platform core"
+    [files]="platform core files"
+    [play]="platform core files play"
+    [shell]="platform core files play shell"
+    [platform_scripted]="platform platform_scripted"
+    [platform_qt]="platform platform_qt"
+)
+LogicFolders=(platform core files play shell)
+faults=0
+
+Fault() {
+    printf '%s\n%s\n\n' "$1" "$2"
+    faults=1
+}
+
+for folder in "${!MayInclude[@]}"; do
+    allowed=${MayInclude[$folder]// /|}
+    found=$(grep -rnE '^ *# *include *"' "$folder" | grep -vE "#include \"($allowed)/" || true)
+    [[ -z $found ]] || Fault "$folder/ may include ${MayInclude[$folder]} only:" "$found"
+done
+
+found=$(grep -rnwE 'Qt[A-Za-z0-9]*|Q[A-Z][a-z][A-Za-z]*|QIODevice|qt_[a-z]+' "${LogicFolders[@]}" || true)
+[[ -z $found ]] || Fault "The logic names Qt:" "$found"
+
+logic=()
+while [[ $1 != -- ]]; do
+    logic+=("$1")
+    shift
+done
+shift
+needed=$(nm --undefined-only --format=just-symbols "${logic[@]}" | sort -u)
+offered=$(nm --dynamic --defined-only --format=just-symbols "$@" | sed 's/@.*//' | sort -u)
+found=$(comm -12 <(echo "$needed") <(echo "$offered"))
+[[ -z $found ]] || Fault "The logic needs symbols of Qt:" "$found"
+exit $faults
