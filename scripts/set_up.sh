@@ -2,8 +2,7 @@
 # Sourced with bash, in the root of the project.
 
 RunPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev libcanberra-pulse fonts-liberation)
-CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev xvfb xauth openbox xdotool x11-utils
-               imagemagick strace)
+CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev xvfb openbox)
 
 Stop() {
     printf '\n%s: %s\n' "$(basename "$0")" "$*" >&2
