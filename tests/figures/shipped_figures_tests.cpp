@@ -23,11 +23,14 @@ Outlines OutlinesOf(const Record& record) {
     return outlines;
 }
 
-// Whether a corner of one outline lies within three pixels of the other.
+// Whether a pixel three away from a corner of one outline, in one of the eight directions, lies in the other.
 bool Touching(const std::vector<Spot>& a, const std::vector<Spot>& b) {
     const auto near = [](const std::vector<Spot>& outline, const std::vector<Spot>& corners) {
-        return std::any_of(corners.begin(), corners.end(),
-                           [&](Spot corner) { return Outside(outline, corner) <= 3; });
+        for (const Spot corner : corners)
+            for (const double dx : {-3, 0, 3})
+                for (const double dy : {-3, 0, 3})
+                    if (Outside(outline, {corner.x + dx, corner.y + dy}) < 0) return true;
+        return false;
     };
     return near(a, b) || near(b, a);
 }

@@ -67,10 +67,13 @@ TEST(ConvexFigures, AreThirteenOfTwentyOutlinesAndAllThatFitAreInTheCollection) 
     int laid = 0, fit = 0;
     for (const Region& outline : outlines) {
         EXPECT_EQ(Standard(outline), outline);
-        const auto layouts = Solve(outline, 1);
+        const auto layouts = Solve(outline);
         if (layouts.empty()) continue;
         laid++;
-        if (!FaultOf(layouts[0]).empty() && !FaultOf(Turned(layouts[0])).empty()) continue;
+        const bool playable = std::any_of(layouts.begin(), layouts.end(), [](const Layout& layout) {
+            return FaultOf(layout).empty() || FaultOf(Turned(layout)).empty();
+        });
+        if (!playable) continue;
         fit++;
         EXPECT_TRUE(shipped.contains(outline)) << outline.size() << " sides";
     }

@@ -6,7 +6,6 @@
 #include "region.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 
 namespace Figures {
@@ -43,18 +42,18 @@ bool Covers(const PixelOutline& outline, Pixel point) {
     return true;
 }
 
-double DistanceToEdge(Pixel from, Pixel to, Pixel point) {
-    const double dx = to.x - from.x, dy = to.y - from.y;
-    const double along = ((point.x - from.x) * dx + (point.y - from.y) * dy) / (dx * dx + dy * dy);
-    const double t = std::clamp(along, 0.0, 1.0);
-    return std::hypot(from.x + t * dx - point.x, from.y + t * dy - point.y);
+bool Holds(const PixelOutline& outline, Pixel point) {
+    for (std::size_t i = 0; i < outline.size(); i++)
+        if (SideOf(outline[i], outline[(i + 1) % outline.size()], point) <= 0) return false;
+    return true;
 }
 
-bool Near(const PixelOutline& outline, Pixel point) {
-    if (Covers(outline, point)) return true;
-    for (std::size_t i = 0; i < outline.size(); i++)
-        if (DistanceToEdge(outline[i], outline[(i + 1) % outline.size()], point) <= ContactPixels)
-            return true;
+// Whether one of the eight pixels around a corner, three away upright, level or both, lies inside the
+// outline.
+bool Near(const PixelOutline& outline, Pixel corner) {
+    for (const int dx : {-ContactPixels, 0, ContactPixels})
+        for (const int dy : {-ContactPixels, 0, ContactPixels})
+            if (Holds(outline, {corner.x + dx, corner.y + dy})) return true;
     return false;
 }
 

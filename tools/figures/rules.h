@@ -21,7 +21,8 @@ std::vector<std::string> FaultsOf(const std::vector<Figure>& figures);
 // How many percent of its box in pixels, rim included, a layout fills.
 int FilledShare(const Layout& layout);
 
-// Whether all pieces hang together in pixels: a corner of one within three pixels of another.
+// Whether all pieces hang together as the game sees it: three pixels from a corner of one another one lies.
+// Two tips of 45 degrees that meet point to point do not count, for none of the eight pixels is inside.
 bool Connected(const Layout& layout);
 
 } // namespace Figures
