@@ -178,6 +178,7 @@ struct Form {
     PlainHandler Load = nullptr;
     /// Called whenever the form is shown or its window becomes the active one.
     PlainHandler Activate = nullptr;
+    /// Called when the form is shown and whenever the player gives its window another size.
     PlainHandler Resized = nullptr;
     KeyHandler KeyDown = nullptr;
     MouseHandler MouseMove = nullptr;

@@ -134,10 +134,9 @@ Colour Surface::Point(double x, double y) const {
 }
 
 void Surface::Line(double x1, double y1, double x2, double y2, Colour colour) {
-    const auto [left, right] =
-        std::minmax(NearestInt32(x1 / UnitsPerPixel), NearestInt32(x2 / UnitsPerPixel));
-    const auto [top, bottom] =
-        std::minmax(NearestInt32(y1 / UnitsPerPixel), NearestInt32(y2 / UnitsPerPixel));
+    const auto pixels = [&](double units) { return NearestInt32(units / UnitsPerPixel); };
+    const auto [left, right] = std::minmax({pixels(x1), pixels(x2)});
+    const auto [top, bottom] = std::minmax({pixels(y1), pixels(y2)});
     const Pixel pixel = PixelOf(colour);
     const int firstRow = std::max(top, 0), lastRow = std::min(bottom, Height_ - 1);
     for (int y = firstRow; y <= lastRow; ++y) {

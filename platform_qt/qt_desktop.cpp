@@ -134,6 +134,7 @@ BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, cons
 void ShowForm(Form& form, Modality modality) {
     Load(form);
     form.Visible = true;
+    if (form.Resized) form.Resized();
     if (form.Activate) form.Activate();
     FormWindow& window = WindowOf(form);
     window.ShowRecord(ShownRows::Changed);

@@ -85,6 +85,7 @@ std::int32_t mciSendStringA(const std::string& command, std::string&, std::int32
 void ShowForm(Form& form, Modality modality) {
     Load(form);
     form.Visible = true;
+    if (form.Resized) form.Resized();
     if (form.Activate) form.Activate();
     Desktop.Calls.push_back((modality == Modality::Modal ? "show modal " : "show ") + form.Name);
     if (modality != Modality::Modal) return;
