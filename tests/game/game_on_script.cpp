@@ -39,6 +39,13 @@ const std::string& ShippedHead() {
     return Head;
 }
 
+const std::string FiveFigures =
+    "1,60,60,3,60,60,5,60,60,7,162,60,1,128,94,1,94,128,3,128,128,3,60,162\r\n"
+    "2,60,60,0,108,156,4,108,156,6,204,156,0,204,204,4,60,204,0,108,108,4,156,60\r\n"
+    "3,60,60,0,60,60,4,60,60,4,204,108,0,156,108,6,156,60,4,156,60,2,204,60\r\n"
+    "4,60,60,4,60,108,6,156,108,2,60,204,0,156,60,6,108,204,4,108,204,4,156,204\r\n"
+    "5,60,60,6,60,60,6,156,156,4,108,204,0,60,204,6,60,156,4,60,156,2,108,156\r\n";
+
 GameTest::GameTest() : Folder(fs::temp_directory_path() / ("quillets-test-" + std::to_string(::getpid()))) {
     fs::remove_all(Folder);
     fs::create_directories(Folder);
@@ -55,6 +62,10 @@ void GameTest::PutCollection(const std::vector<Record>& records) {
     std::string text = ShippedHead();
     for (const Record& record : records) text += TextOf(record);
     WriteText(Folder / "QUILLET.qui", text);
+}
+
+void GameTest::PutFiveFigures() {
+    WriteText(Folder / "QUILLET.qui", ShippedHead() + FiveFigures);
 }
 
 void GameTest::PutShippedCollection() {

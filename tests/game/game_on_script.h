@@ -26,6 +26,9 @@ std::string TextOf(const Record& record);
 /// Lines 1 to 65 of the shipped collection.
 const std::string& ShippedHead();
 
+/// Five records, the same whatever the shipped collection comes to hold.
+extern const std::string FiveFigures;
+
 std::string ReadText(const std::filesystem::path& path);
 void WriteText(const std::filesystem::path& path, const std::string& text);
 
@@ -36,6 +39,7 @@ class GameTest : public testing::Test {
     ~GameTest() override;
 
     void PutCollection(const std::vector<Record>& records);
+    void PutFiveFigures();
     void PutShippedCollection();
 
     /// True when the game is up; false when it ended itself.

@@ -6,7 +6,7 @@ namespace {
 class KeyboardTest : public GameTest {
   protected:
     KeyboardTest() {
-        PutShippedCollection();
+        PutFiveFigures();
         EXPECT_TRUE(Start());
         SwitchSoundOn();
     }

@@ -9,7 +9,7 @@ constexpr int Square = 3;
 class MouseTest : public GameTest {
   protected:
     MouseTest() {
-        PutShippedCollection();
+        PutFiveFigures();
         EXPECT_TRUE(Start());
         SwitchSoundOn();
     }

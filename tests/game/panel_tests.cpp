@@ -10,7 +10,7 @@ namespace {
 class PanelTest : public GameTest {
   protected:
     PanelTest() {
-        PutShippedCollection();
+        PutFiveFigures();
         EXPECT_TRUE(Start());
         SwitchSoundOn();
     }

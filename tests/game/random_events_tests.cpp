@@ -17,7 +17,7 @@ long FromEnvironment(const char* name, long otherwise) {
 class RandomEvents : public GameTest {
   protected:
     RandomEvents() {
-        PutShippedCollection();
+        PutFiveFigures();
         EXPECT_TRUE(Start());
     }
 

@@ -9,7 +9,7 @@ namespace {
 class SolutionTest : public GameTest {
   protected:
     SolutionTest() {
-        PutShippedCollection();
+        PutFiveFigures();
         EXPECT_TRUE(Start());
         Choose(1);
         SwitchSoundOn();

@@ -24,7 +24,7 @@ TEST_F(StartTest, FirstRunWithoutCollectionMakesSettingsAndEndsWithAMessage) {
 }
 
 TEST_F(StartTest, ComesUpWithOneQuilletShownAndThePiecesAtHome) {
-    PutShippedCollection();
+    PutFiveFigures();
     WriteText(Folder / "Quillets.cfg", "");
     ASSERT_TRUE(Start());
     EXPECT_EQ(ReadText(Folder / "Quillets.cfg"), DefaultSettings);
@@ -124,7 +124,7 @@ TEST_F(StartTest, ASolvedArrangementAtHomeIsNotAnnouncedAndLeavesTheBoardAlive) 
 }
 
 TEST_F(StartTest, UnloadingTheBoardClosesTheSoundAndEnds) {
-    PutShippedCollection();
+    PutFiveFigures();
     ASSERT_TRUE(Start());
     SwitchSoundOn();
     const std::string settings = ReadText(Folder / "Quillets.cfg");
