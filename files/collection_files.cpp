@@ -36,7 +36,8 @@ bool IsLoadedFile(const std::string& path) {
 
 /// False when the player keeps the file that stands under the chosen name, or has to.
 bool MayWriteTo(const std::string& path) {
-    if (FileLength(path) < 1) return true;
+    // A file that can't be read may hold something all the same.
+    if (FileLength(path) < 1 && !HoldsSomething(path)) return true;
     if (IsLoadedFile(path)) {
         MsgBox("file:" + Game.QuilletFile + "\r\nalready loaded and saved, use another filename to save as");
         return false;

@@ -111,6 +111,12 @@ std::int32_t FileLength(const std::string& path) {
     return static_cast<std::int32_t>(std::min<off_t>(status.st_size, Most));
 }
 
+bool HoldsSomething(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return errno != ENOENT && errno != ENOTDIR;
+    return !S_ISREG(status.st_mode) || status.st_size > 0;
+}
+
 FileError ReadFile(const std::string& path, std::size_t limit, std::string& content) {
     content.clear();
     // Without O_NONBLOCK the opening of a pipe would wait for its writer.
@@ -122,7 +128,10 @@ FileError ReadFile(const std::string& path, std::size_t limit, std::string& cont
 
 FileError WriteFile(const std::string& path, const std::string& content) {
     OpenFile file(path, O_WRONLY | O_CREAT | O_TRUNC);
-    return file.IsOpen() ? Finish(file, path, content) : Reason();
+    if (!file.IsOpen()) return Reason();
+    const FileError error = Finish(file, path, content);
+    if (!error.empty()) ::unlink(path.c_str());
+    return error;
 }
 
 FileError ReplaceFile(const std::string& path, const std::string& content) {

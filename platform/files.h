@@ -12,6 +12,9 @@ constexpr char PathSeparator = '/';
 /// Bytes of a file; 0 when it is empty, missing or cannot be read for any reason. Never fails.
 std::int32_t FileLength(const std::string& path);
 
+/// False only where the path is known to lead to nothing, or to an empty file.
+bool HoldsSomething(const std::string& path);
+
 /// What a file operation came to: an empty text when it was done, else the reason in words.
 using FileError = std::string;
 
@@ -19,7 +22,8 @@ using FileError = std::string;
 /// change. On failure `content` is empty.
 FileError ReadFile(const std::string& path, std::size_t limit, std::string& content);
 
-/// Writes the file, made or emptied first; on the disk when it returns without an error.
+/// Writes the file, made or emptied first; on the disk when it returns without an error. On failure there is
+/// no file: a short one could be taken for whole.
 FileError WriteFile(const std::string& path, const std::string& content);
 
 /// Puts `content` in the place of the file, made if missing. The new content is on the disk before the old
