@@ -3,6 +3,7 @@
 #include "core/board_rendering.h"
 #include "core/piece_geometry.h"
 #include "game_on_script.h"
+#include "shell/all_shapes.h"
 
 #include <cstdlib>
 #include <random>
@@ -63,10 +64,35 @@ class RandomEvents : public GameTest {
             SomeKey();
         else if (kind < 92)
             Pressed = false, LoseMouse(FormMain.Picture1);
+        else if (kind < 98)
+            Pressed = false, PressButton(Form1.MenuButx[static_cast<std::size_t>(Pick(0, 16))]);
         else if (kind < 99)
-            PressButton(Form1.MenuButx[static_cast<std::size_t>(Pick(0, 16))]);
+            Pressed = false, LoseMouse(FormMain.Picture1), SomeWindowEvent();
         else if (Game.ActivePiece == -1)
             SolveAllButADrag();
+    }
+
+    /// The menu but for Exit, and the windows that it and the target open.
+    void SomeWindowEvent() {
+        static constexpr const char* Items[] = {"Print", "Save as", "Open", "Help", "About"};
+        const auto x = static_cast<float>(Pick(-100, 6000)), y = static_cast<float>(Pick(-100, 6000));
+        switch (Pick(0, 4)) {
+        case 0:
+            ChooseMenuItem(Form1, Items[Pick(0, 4)]);
+            break;
+        case 1:
+            MouseUp(Form1.TargetQui[1], 2, 5, 5);
+            break;
+        case 2:
+            AllShapes.MouseMove(0, 0, x, y);
+            break;
+        case 3:
+            AllShapes.MouseUp(static_cast<std::int16_t>(Pick(1, 2)), 0, x, y);
+            break;
+        default:
+            AllShapes.Label1.MouseUp(1, 0, 0, 0);
+            break;
+        }
     }
 
     /// Wins are rare among random events, so the pieces are laid at times.
@@ -81,8 +107,9 @@ class RandomEvents : public GameTest {
         ASSERT_FALSE(Desktop.Ended);
         ASSERT_TRUE(FormMain.Picture1.Enabled);
         ASSERT_TRUE(Pressed || Game.ActivePiece == -1);
-        ASSERT_GE(Game.CurrentQuillet, 1);
-        ASSERT_LE(Game.CurrentQuillet, Game.QuilletCount);
+        // An emptied collection shows quillet 0 or 1 of none.
+        ASSERT_GE(Game.CurrentQuillet, std::min<Number>(Game.QuilletCount, 1));
+        ASSERT_LE(Game.CurrentQuillet, std::max<Number>(Game.QuilletCount, 1));
         for (int p = 0; p < PieceCount; ++p) {
             ASSERT_GE(Game.PieceTurn[p], 0);
             ASSERT_LE(Game.PieceTurn[p], p == 3 ? 1 : 7);
