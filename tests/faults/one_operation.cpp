@@ -1,5 +1,6 @@
 // The game without a display, for one operation on its files, which runs between two marks in the list of its
 // system calls. Says what each message box said, one line a box.
+// Usage: one_operation FOLDER append TIMES SHIFT | remove NUMBER TIMES | saveas PATH | settings
 #include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
@@ -20,21 +21,13 @@
 
 namespace {
 
-/// Moves the copied figure so that its corner tells the process and the round apart.
-void ShiftFigure(int right, int down) {
-    for (int p = 0; p < PieceCount; ++p) {
-        Game.PieceX[p] += right;
-        Game.PieceY[p] += down;
-    }
-    FormMain.Image.Cls();
-    FormMain.Picture1.Image.Cls();
-    DrawAllPieces();
-}
-
+/// Shifts the figure so that its corner tells the process and the round apart.
 void Append(int times, int shift) {
     for (int round = 0; round < times; ++round) {
         CopyToBoard();
-        ShiftFigure(shift, round);
+        for (Number& x : Game.PieceX) x += shift;
+        for (Number& y : Game.PieceY) y += round;
+        DrawAllPieces();
         AppendQuillet();
     }
 }
@@ -74,18 +67,13 @@ void PrintBoxes() {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 3) {
-        std::puts(
-            "Usage: one_operation FOLDER append TIMES SHIFT | remove NUMBER TIMES | saveas PATH | settings");
-        return 2;
-    }
-    const auto argument = [&](int index) { return index < argc ? argv[index] : ""; };
+    const auto argument = [&](int index) { return index < argc ? argv[index] : "."; };
     DesignWindows();
-    const bool started = StartProgram(FormMain, argv[1]);
+    const bool started = StartProgram(FormMain, argument(1));
     if (started) {
         SelectQuillet(1);
         static_cast<void>(::access("/quillets-operation-begins", F_OK));
-        Run(argv[2], argument(3), argument(4));
+        Run(argument(2), argument(3), argument(4));
         static_cast<void>(::access("/quillets-operation-ends", F_OK));
     }
     PrintBoxes();
