@@ -12,7 +12,9 @@ QColor QtColour(Colour colour) {
 }
 
 QFont QtFont(const Font& font) {
-    QFont result(QString::fromStdString(font.Family));
+    // Few machines have the faces that the forms were drawn for; these are the nearest.
+    QFont result;
+    result.setFamilies({QString::fromStdString(font.Family), "Arial", "Liberation Sans"});
     result.setStyleHint(QFont::SansSerif);
     result.setPixelSize(NearestInt32(font.Points * 96 / 72));
     result.setBold(font.Bold);
