@@ -142,8 +142,7 @@ int main(int argc, char** argv) {
     QFile collection(argv[1]);
     FindSwan(collection);
     collection.copy(folder.filePath("QUILLET.qui"));
-    QObject stage;
-    QMetaObject::invokeMethod(&stage, TakePictures, Qt::QueuedConnection);
+    qAddPreRoutine([] { QTimer::singleShot(0, [] { TakePictures(); }); });
     DesignWindows();
     return RunDesktop(argc, argv, FormMain, folder.path().toStdString());
 }
