@@ -1,10 +1,13 @@
-// How long the steps of play take: a drag step, a full redraw, loading the largest collection.
+// How long the steps of play take: a drag step, a full redraw, loading the largest collection, drawing a
+// page.
 #include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "files/collection_reader.h"
 #include "platform_scripted/scripted_desktop.h"
+#include "shell/all_shapes.h"
 #include "shell/events.h"
+#include "shell/print_shapes.h"
 
 #include <benchmark/benchmark.h>
 #include <cstring>
@@ -82,6 +85,21 @@ BENCHMARK_F(RunningGame, FullRedraw)(benchmark::State& state) {
 BENCHMARK_F(RunningGame, LoadQuillets500)(benchmark::State& state) {
     for (auto step : state)
         if (!LoadQuillets()) state.SkipWithError("the collection was refused");
+}
+
+BENCHMARK_F(RunningGame, ViewAllPage64)(benchmark::State& state) {
+    for (auto step : state) {
+        AllShapes.Image.Cls();
+        DrawThumbnails();
+    }
+}
+
+// The page's numbers are noted down here; their glyphs are the desktop's.
+BENCHMARK_F(RunningGame, PrintPage20)(benchmark::State& state) {
+    for (auto step : state) {
+        PrintShapes.Image.Cls();
+        DrawPrintPage();
+    }
 }
 
 } // namespace

@@ -26,11 +26,13 @@ Colour ColourOf(Surface::Pixel pixel) {
 /// rounding errors. Offset 0 gives the floor of the exact value, offset run its nearest whole number, halves
 /// upward.
 struct Walk {
-    std::int64_t Whole;
-    std::int64_t Rest;
-    std::int64_t StepWhole;
-    std::int64_t StepRest;
-    std::int64_t Divisor;
+    std::int64_t Whole = 0;
+    std::int64_t Rest = 0;
+    std::int64_t StepWhole = 0;
+    std::int64_t StepRest = 0;
+    std::int64_t Divisor = 1;
+
+    Walk() = default;
 
     // The products can be wider than 64 bits once, here; every step after that stays within them.
     Walk(std::int64_t start, std::int64_t rise, std::int64_t run, std::int64_t offset, std::int64_t first) {
@@ -67,8 +69,8 @@ struct Walk {
 
 /// An edge of a polygon on its way down the rows Top to Bottom - 1.
 struct FillEdge {
-    std::int64_t Top;
-    std::int64_t Bottom;
+    std::int64_t Top = 0;
+    std::int64_t Bottom = 0;
     Walk X;
 };
 
@@ -140,9 +142,13 @@ void Surface::Line(double x1, double y1, double x2, double y2, Colour colour) {
     const Pixel pixel = PixelOf(colour);
     const int firstRow = std::max(top, 0), lastRow = std::min(bottom, Height_ - 1);
     for (int y = firstRow; y <= lastRow; ++y) {
+        if (y == top || y == bottom) {
+            FillSpan(left, right, y, pixel);
+            continue;
+        }
         if (FillStyle == FillMode::Solid) FillSpan(left, right, y, PixelOf(FillColor));
-        FillSpan(left, y == top || y == bottom ? right : left, y, pixel);
-        FillSpan(right, right, y, pixel);
+        if (left >= 0 && left < Width_) Pixels_[Offset(left, y)] = pixel;
+        if (right >= 0 && right < Width_) Pixels_[Offset(right, y)] = pixel;
     }
     IncludeChanged(top, bottom);
 }
@@ -179,20 +185,22 @@ void Surface::DrawEdge(Vertex a, Vertex b, Pixel pixel) {
         const std::int64_t run = std::max<std::int64_t>(height, 1);
         Walk x(a.X, std::int64_t{b.X} - a.X, run, run, first - a.Y);
         for (std::int64_t y = first; y <= last; ++y, x.Step())
-            FillSpan(x.Floor(), x.Floor(), static_cast<int>(y), pixel);
+            if (x.Floor() >= 0 && x.Floor() < Width_)
+                Pixels_[Offset(static_cast<int>(x.Floor()), static_cast<int>(y))] = pixel;
     } else {
         if (a.X > b.X) std::swap(a, b);
         const std::int64_t first = std::max<std::int64_t>(a.X, 0);
         const std::int64_t last = std::min<std::int64_t>(b.X, Width_ - 1);
         Walk y(a.Y, std::int64_t{b.Y} - a.Y, width, width, first - a.X);
         for (std::int64_t x = first; x <= last; ++x, y.Step())
-            if (y.Floor() >= 0 && y.Floor() < Height_) FillSpan(x, x, static_cast<int>(y.Floor()), pixel);
+            if (y.Floor() >= 0 && y.Floor() < Height_)
+                Pixels_[Offset(static_cast<int>(x), static_cast<int>(y.Floor()))] = pixel;
     }
 }
 
 void Surface::FillInside(std::span<const Vertex> vertices, Pixel pixel) {
-    std::vector<FillEdge> edges;
-    edges.reserve(MostVertices);
+    std::array<FillEdge, MostVertices> storage;
+    std::size_t edgeCount = 0;
     std::int64_t top = Height_, bottom = 0;
     for (std::size_t i = 0; i < vertices.size(); ++i) {
         Vertex a = vertices[i];
@@ -200,11 +208,12 @@ void Surface::FillInside(std::span<const Vertex> vertices, Pixel pixel) {
         if (a.Y == b.Y) continue;
         if (a.Y > b.Y) std::swap(a, b);
         const std::int64_t first = std::max<std::int64_t>(a.Y, 0);
-        edges.push_back(
-            {first, b.Y, Walk(a.X, std::int64_t{b.X} - a.X, std::int64_t{b.Y} - a.Y, 0, first - a.Y)});
+        storage[edgeCount++] = {first, b.Y,
+                                Walk(a.X, std::int64_t{b.X} - a.X, std::int64_t{b.Y} - a.Y, 0, first - a.Y)};
         top = std::min(top, first);
         bottom = std::max<std::int64_t>(bottom, std::min<std::int64_t>(b.Y, Height_));
     }
+    const std::span edges(storage.data(), edgeCount);
     for (std::int64_t y = top; y < bottom; ++y) {
         std::array<const Walk*, MostVertices> crossings;
         std::size_t count = 0;
