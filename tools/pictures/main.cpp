@@ -122,7 +122,7 @@ void TakePictures() {
     TakeLevels();
     for (const int piece : {5, 6, 4}) Lay(piece);
     Save("nearly", Board(), Half);
-    QTimer::singleShot(0, TakeWin);
+    QTimer::singleShot(0, [] { TakeWin(); });
     Lay(2);
     TakePages();
     Press(VeryEasy);
