@@ -2,7 +2,7 @@
 # Sourced with bash, in the root of the project.
 
 RunPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev libcanberra-pulse fonts-liberation)
-CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev xvfb openbox strace)
+CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev xvfb openbox strace python3)
 
 Stop() {
     printf '\n%s: %s\n' "$(basename "$0")" "$*" >&2
