@@ -1,8 +1,9 @@
 # What ./run and ./check share: the Debian packages they need, and how to get those that are missing.
 # Sourced with bash, in the root of the project.
 
-RunPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev libcanberra-pulse fonts-liberation)
-CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev xvfb openbox strace python3)
+RunPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev fonts-liberation)
+CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev libcanberra-pulse xvfb openbox
+               strace python3)
 
 Stop() {
     printf '\n%s: %s\n' "$(basename "$0")" "$*" >&2
@@ -17,6 +18,12 @@ Missing() {
     done
 }
 
+# The sound library plays through a sound server only with this plug-in. Where there is no server it does
+# without, and the plug-in would bring a server along.
+if [[ -z $(Missing pulseaudio) || -z $(Missing pipewire-pulse) ]]; then
+    RunPackages+=(libcanberra-pulse)
+fi
+
 AsRoot() {
     if [[ $(id -u) == 0 ]]; then
         "$@"
@@ -26,7 +33,7 @@ AsRoot() {
 }
 
 Apt() {
-    AsRoot env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300 "$@" </dev/null
+    AsRoot env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=300 "$@" </dev/null
 }
 
 # Installs those of the packages that are missing; asks nothing.
