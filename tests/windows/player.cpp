@@ -2,7 +2,10 @@
 #include "core/board_window.h"
 #include "tests/windows/stage.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -29,13 +32,6 @@ QPoint DevicePixel(QPointF place, double scale) {
     return {NearestInt32(std::floor(place.x() * scale)), NearestInt32(std::floor(place.y() * scale))};
 }
 
-QPoint CornerOnScreen(Window window) {
-    int x = 0, y = 0;
-    Window child = 0;
-    XTranslateCoordinates(Connection(), window, Root(), 0, 0, &x, &y, &child);
-    return {x, y};
-}
-
 /// Sends a button event and waits for the board to count it.
 void SendButton(MouseButton button, bool down, int BoardEvents::*counter) {
     const int before = SeenByBoard().*counter;
@@ -55,7 +51,24 @@ QPoint InsideOf(int piece) {
     return {};
 }
 
+void SendKey(unsigned long key, bool down) {
+    XTestFakeKeyEvent(Connection(), XKeysymToKeycode(Connection(), key), down, CurrentTime);
+}
+
+QAction* ItemOf(const QWidget* menu, const char* text) {
+    for (QAction* action : menu->actions())
+        if (action->text() == text) return action;
+    return nullptr;
+}
+
 } // namespace
+
+QPoint CornerOnScreen(WindowId window) {
+    int x = 0, y = 0;
+    Window child = 0;
+    XTranslateCoordinates(Connection(), window, Root(), 0, 0, &x, &y, &child);
+    return {x, y};
+}
 
 void MoveTo(int x, int y) {
     const QPoint target = Ask([&] {
@@ -124,6 +137,16 @@ void MoveAside(WindowId window) {
     XSync(Connection(), False);
 }
 
+void MoveWindow(const char* name, QPoint place) {
+    constexpr int LargestFrame = 60;
+    QWidget* window = Ask([&] { return WindowNamed(name); });
+    XMoveWindow(Connection(), Ask([&] { return window->winId(); }), place.x(), place.y());
+    XSync(Connection(), False);
+    Await("the move of a window", [&] {
+        return (window->pos() * window->devicePixelRatio() - place).manhattanLength() < LargestFrame;
+    });
+}
+
 void RequestClose(WindowId window) {
     XEvent event{};
     event.xclient.type = ClientMessage;
@@ -136,10 +159,43 @@ void RequestClose(WindowId window) {
 }
 
 void PressEnter() {
-    const unsigned key = XKeysymToKeycode(Connection(), XK_Return);
-    XTestFakeKeyEvent(Connection(), key, True, CurrentTime);
-    XTestFakeKeyEvent(Connection(), key, False, CurrentTime);
+    PressKey(XK_Return);
+}
+
+void PressKey(unsigned long key, unsigned long modifier) {
+    if (modifier) SendKey(modifier, true);
+    SendKey(key, true);
+    SendKey(key, false);
+    if (modifier) SendKey(modifier, false);
     XSync(Connection(), False);
+}
+
+void PointAt(QWidget* widget, QPoint place) {
+    const QPoint target = Ask([&] {
+        const QWidget* window = widget->window();
+        return CornerOnScreen(window->winId())
+               + DevicePixel(widget->mapTo(window, place) + QPointF(0.5, 0.5), window->devicePixelRatio());
+    });
+    XTestFakeMotionEvent(Connection(), -1, target.x(), target.y(), CurrentTime);
+    XSync(Connection(), False);
+    Await("the pointer on a widget", [&] { return widget->underMouse(); });
+}
+
+void Click(QWidget* widget, QPoint place, MouseButton button) {
+    PointAt(widget, place);
+    const int before = ReleasesSeen();
+    for (const int down : {True, False})
+        XTestFakeButtonEvent(Connection(), static_cast<unsigned>(button), down, CurrentTime);
+    XSync(Connection(), False);
+    Await("a click", [&] { return ReleasesSeen() > before; });
+}
+
+void ChooseFromMenu(const char* window, const char* item) {
+    auto* bar = Ask([&] { return WindowNamed(window)->findChild<QMenuBar*>(); });
+    Click(bar, Ask([&] { return bar->actionGeometry(bar->actions().first()).center(); }));
+    Await("the open menu", [] { return dynamic_cast<QMenu*>(QApplication::activePopupWidget()); });
+    auto* menu = Ask([] { return dynamic_cast<QMenu*>(QApplication::activePopupWidget()); });
+    Click(menu, Ask([&] { return menu->actionGeometry(ItemOf(menu, item)).center(); }));
 }
 
 void OpenAnotherProgram() {

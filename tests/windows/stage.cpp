@@ -25,10 +25,12 @@ std::promise<void> Curtain;
 std::atomic<bool> EndExpected = false;
 std::function<bool()> EndCheck;
 BoardEvents Seen;
+int AllReleases = 0;
 
-/// Stands on the game's thread and watches the mouse events that reach the board's picture.
+/// Stands on the game's thread and watches the mouse events, above all those that reach the board's picture.
 class Watcher : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override {
+        AllReleases += event->type() == QEvent::MouseButtonRelease;
         const auto* mouse = dynamic_cast<QMouseEvent*>(event);
         if (!mouse || receiver->objectName() != "Picture1") return false;
         const QEvent::Type type = event->type();
@@ -58,6 +60,7 @@ void RunCase() {
 
 const std::filesystem::path& Folder() {
     static const std::filesystem::path folder = [] {
+        if (const char* given = std::getenv("PROGRAM_FOLDER")) return std::filesystem::path(given);
         std::string name = (std::filesystem::temp_directory_path() / "program.XXXXXX").string();
         return std::filesystem::path(mkdtemp(name.data()));
     }();
@@ -65,7 +68,8 @@ const std::filesystem::path& Folder() {
 }
 
 void StartGame() {
-    std::filesystem::copy_file(COLLECTION, Folder() / "QUILLET.qui");
+    std::filesystem::copy_file(COLLECTION, Folder() / "QUILLET.qui",
+                               std::filesystem::copy_options::skip_existing);
     StartGameWithoutCollection();
     OnGameThread([] { QApplication::instance()->installEventFilter(TheWatcher); });
     AwaitBoardOnScreen();
@@ -101,6 +105,10 @@ void ExpectEnd(const std::function<void()>& act, const std::function<bool()>& ch
 
 BoardEvents SeenByBoard() {
     return Ask([] { return Seen; });
+}
+
+int ReleasesSeen() {
+    return Ask([] { return AllReleases; });
 }
 
 QWidget* WindowNamed(const char* name) {

@@ -15,7 +15,8 @@ class QWidget;
 
 // The game.
 
-/// The program folder of this case, empty until the game starts.
+/// The program folder of this case, empty until the game starts; $PROGRAM_FOLDER, where the case plays on in
+/// that of another one.
 const std::filesystem::path& Folder();
 
 /// Starts the game with the shipped collection, and waits until the screen shows the board.
@@ -48,6 +49,9 @@ struct BoardEvents {
 };
 BoardEvents SeenByBoard();
 
+/// How often a mouse button was released on anything.
+int ReleasesSeen();
+
 /// On the game's thread: one of its windows, by name, and the open box, if there is one.
 QWidget* WindowNamed(const char* name);
 QMessageBox* OpenBox();
@@ -76,11 +80,31 @@ void Carry(const Hold& hold, Number x, Number y);
 /// Takes the piece in hand, carries it there and releases it.
 void Drag(int piece, Number x, Number y);
 
+// The player anywhere. Places are in the widget's own units; the calls return when the game has had the
+// events.
+
+void PointAt(QWidget* widget, QPoint place);
+void Click(QWidget* widget, QPoint place, MouseButton button = MouseButton::Left);
+
+/// Clicks an item of a window's menu bar, its only menu first.
+void ChooseFromMenu(const char* window, const char* item);
+
+/// Presses and releases a key, while the modifier, if any, is down. Keys are those of X11/keysym.h. Returns
+/// at once.
+void PressKey(unsigned long key, unsigned long modifier = 0);
+
+/// Moves one of the game's windows to a pixel of the display. At the first start the board hides most of the
+/// panel.
+void MoveWindow(const char* name, QPoint place);
+
 // The display.
 
 using WindowId = unsigned long;
 std::string TitleOf(WindowId window);
 bool HasFixedSize(WindowId window);
+
+/// The top left pixel within the window's frame, in pixels of the display.
+QPoint CornerOnScreen(WindowId window);
 void MoveAside(WindowId window);
 
 /// What the close button of a window manager sends.
