@@ -145,6 +145,17 @@ TEST_F(SolutionTest, AFigureBuiltWithTheMouseIsApplaudedAndTheNextOneStandsReady
     EXPECT_EQ(Game.CurrentQuillet, 2);
 }
 
+TEST_F(SolutionTest, ShippedFiguresAreRecognisedWhenLaidByDragsAndTurnsAlone) {
+    PutShippedCollection();
+    ASSERT_TRUE(Start());
+    constexpr int Step = 7; // every kind and place in the collection, in a few seconds
+    for (int quillet = 1; quillet <= Game.QuilletCount; quillet += Step) {
+        Choose(quillet);
+        BuildFigure(60, 60);
+        ASSERT_EQ(Game.CurrentQuillet, quillet == Game.QuilletCount ? 1 : quillet + 1);
+    }
+}
+
 TEST_F(SolutionTest, ATurnThatCompletesTheFigureWinsLikeADrop) {
     LaySolution(60, 60);
     Game.PieceTurn[5] = Game.PieceTurn[5] == 0 ? 7 : Game.PieceTurn[5] - 1;
