@@ -55,8 +55,7 @@ void Mouse(MouseHandler handler, QPointF at) {
     Deliver([=] { handler(1, 0, static_cast<float>(at.x()), static_cast<float>(at.y())); });
 }
 
-/// A point well inside the piece.
-QPointF Grip(int piece) {
+QPointF Middle(int piece) {
     BuildPolygon(piece, NearestInt16(Game.PieceTurn[piece]), Game.BoardX0 + Game.PieceX[piece],
                  Game.BoardY0 + Game.PieceY[piece], Game.TargetPoly);
     const auto v = Drawn(Game.TargetPoly);
@@ -70,7 +69,7 @@ void Turn(int piece) {
 /// Drags a piece to its place; the first is looked at on its way.
 void Lay(int piece) {
     Turn(piece);
-    const QPointF from = Grip(piece);
+    const QPointF from = Middle(piece);
     const QPointF way(FigureX + Game.SolX[piece][Swan] - Game.PieceX[piece],
                       FigureY + Game.SolY[piece][Swan] - Game.PieceY[piece]);
     Mouse(Picture1_MouseDown, from);
@@ -90,11 +89,9 @@ void TakeLevels() {
 }
 
 void TakeWin() {
-    QWidget* box = QApplication::activeModalWidget();
-    if (!box) qFatal("the swan is not recognised");
     Save("won", Board(), Half);
-    Save("box", box->grab());
-    box->close();
+    Save("box", QApplication::activeModalWidget()->grab());
+    QApplication::activeModalWidget()->close();
 }
 
 void TakePages() {
@@ -108,6 +105,8 @@ void TakePages() {
 
 /// The order of the pieces is one in which none comes to lie on another.
 void TakePictures() {
+    FormMain.Activate = nullptr;
+    ShowForm(FormMain, Modality::Modeless);
     Deliver([] { SelectQuillet(static_cast<Number>(Swan)); });
     Save("panel", Shown("Form1").grab(), 180);
     Save("board", Shown("FormMain").grab(), 250);
@@ -122,13 +121,15 @@ void TakePictures() {
     TakeLevels();
     for (const int piece : {5, 6, 4}) Lay(piece);
     Save("nearly", Board(), Half);
-    QTimer::singleShot(0, [] { TakeWin(); });
+    QTimer onBox;
+    onBox.callOnTimeout(TakeWin);
+    onBox.start();
     Lay(2);
+    if (Game.CurrentQuillet == static_cast<Number>(Swan)) qFatal("the swan is not recognised");
     TakePages();
     Press(VeryEasy);
     Save("pieces", Board(), Half);
-    Press(Easy);
-    Press(Sound);
+    for (const std::int16_t button : {Easy, Sound}) Press(button);
     Save("buttons", Shown("Form1").grab(QRect(0, 0, 262, 125)));
     EndProgram();
 }
@@ -142,7 +143,7 @@ int main(int argc, char** argv) {
     QFile collection(argv[1]);
     FindSwan(collection);
     collection.copy(folder.filePath("QUILLET.qui"));
-    qAddPreRoutine([] { QTimer::singleShot(0, [] { TakePictures(); }); });
     DesignWindows();
+    FormMain.Activate = TakePictures;
     return RunDesktop(argc, argv, FormMain, folder.path().toStdString());
 }
