@@ -21,7 +21,7 @@ constexpr Number FigureX = 20, FigureY = 20;
 constexpr std::int16_t Normal = 14, Easy = 15, VeryEasy = 16, Sound = 11;
 /// Widths at which one, two or three pictures fit a help window that nobody has made wider.
 constexpr int Full = 430, Half = 200, Third = 130;
-QDir PictureFolder;
+QTemporaryDir ProgramFolder;
 qsizetype Swan;
 
 /// The records begin in line 66.
@@ -34,7 +34,8 @@ void FindSwan(QFile& collection) {
 
 void Save(const QString& name, const QPixmap& picture, int width = 0) {
     const QPixmap shown = width ? picture.scaledToWidth(width, Qt::SmoothTransformation) : picture;
-    if (!shown.save(PictureFolder.filePath(name + ".png"))) qFatal("cannot save %s", qPrintable(name));
+    if (!shown.save(QDir(qApp->arguments()[2]).filePath(name + ".png")))
+        qFatal("cannot save %s", qPrintable(name));
 }
 
 QWidget& Shown(const QString& name) {
@@ -131,6 +132,7 @@ void TakePictures() {
     Save("pieces", Board(), Half);
     for (const std::int16_t button : {Easy, Sound}) Press(button);
     Save("buttons", Shown("Form1").grab(QRect(0, 0, 262, 125)));
+    ProgramFolder.remove();
     EndProgram();
 }
 
@@ -138,12 +140,10 @@ void TakePictures() {
 
 int main(int argc, char** argv) {
     if (argc != 3) qFatal("usage: make_pictures COLLECTION FOLDER");
-    PictureFolder.setPath(argv[2]);
-    const QTemporaryDir folder;
     QFile collection(argv[1]);
     FindSwan(collection);
-    collection.copy(folder.filePath("QUILLET.qui"));
+    collection.copy(ProgramFolder.filePath("QUILLET.qui"));
     DesignWindows();
     FormMain.Activate = TakePictures;
-    return RunDesktop(argc, argv, FormMain, folder.path().toStdString());
+    return RunDesktop(argc, argv, FormMain, ProgramFolder.path().toStdString());
 }
