@@ -80,15 +80,17 @@ bool RemoveFromFile() {
         return false;
     };
     const std::string notRemoved = "The Quillet was not removed from the file:";
+    if (SameFile(TemporaryFile, Game.QuilletFile))
+        return fail(notRemoved, "it is the file that Remove itself writes; save it under another name first");
     LockedFile file(Game.QuilletFile);
     if (!file.Error().empty()) return fail(notRemoved, file.Error());
     std::string content;
     FileError error = file.Read(LargestCollection, content);
-    if (error.empty()) error = FaultOfRecords(content);
+    if (error.empty()) error = FaultOfCollection(content);
     if (!error.empty()) return fail(notRemoved, error);
     const std::string without = Without(Game.CurrentQuillet, content);
     // The whole new content is on the disk before the old one is touched.
-    error = WriteFile(TemporaryFile, without);
+    error = ReplaceFile(TemporaryFile, without);
     if (!error.empty()) return fail(notRemoved, std::string(TemporaryFile) + ": " + error);
     error = file.Overwrite(without);
     if (error.empty()) return true;

@@ -150,10 +150,26 @@ void Install(const QuilletTables& tables) {
     Game.QuilletCount = tables.Count;
 }
 
-void ReadRecords(CollectionScanner& scanner, QuilletTables& tables) {
+/// Reads the piece table into the scratch record.
+void ReadPieceTable(CollectionScanner& scanner, GameState& scratch) {
+    scratch.UnitStraight = 24;
+    scratch.UnitSlant = 34;
+    scratch.BoardX0 = scratch.BoardY0 = 100;
+    ReadStartRows(scanner, scratch);
+    for (int p = 0; p < PieceCount; ++p)
+        for (int t = 0; t < TurnCount; ++t) ReadShapeRow(scanner, scratch, p, t);
+}
+
+/// Reads everything but the start places and shapes, which are only looked at; the fault, or an empty text.
+std::string ReadRecords(const std::string& text, QuilletTables& tables) {
+    CollectionScanner head(text);
+    ReadPieceTable(head, *std::make_unique<GameState>());
+    if (head.Failed()) return head.Fault();
+    CollectionScanner scanner(text);
     SkipHead(scanner);
     while (!scanner.Failed() && tables.Count <= MostQuillets && !scanner.Reader.AtEnd())
         ReadRecord(scanner, tables);
+    return scanner.Fault();
 }
 
 } // namespace
@@ -162,13 +178,8 @@ void LoadPieceTable() {
     std::string text;
     if (!ReadQuilletFile(text)) EndProgram();
     const auto scratch = std::make_unique<GameState>(Game);
-    scratch->UnitStraight = 24;
-    scratch->UnitSlant = 34;
-    scratch->BoardX0 = scratch->BoardY0 = 100;
     CollectionScanner scanner(text);
-    ReadStartRows(scanner, *scratch);
-    for (int p = 0; p < PieceCount; ++p)
-        for (int t = 0; t < TurnCount; ++t) ReadShapeRow(scanner, *scratch, p, t);
+    ReadPieceTable(scanner, *scratch);
     if (scanner.Failed()) {
         ShowFault(scanner.Fault());
         EndProgram();
@@ -180,10 +191,9 @@ bool LoadQuillets() {
     std::string text;
     if (!ReadQuilletFile(text)) return false;
     const auto tables = std::make_unique<QuilletTables>();
-    CollectionScanner scanner(text);
-    ReadRecords(scanner, *tables);
-    if (scanner.Failed()) {
-        ShowFault(scanner.Fault());
+    const std::string fault = ReadRecords(text, *tables);
+    if (!fault.empty()) {
+        ShowFault(fault);
         return false;
     }
     if (tables->Count > MostQuillets) {
@@ -194,11 +204,8 @@ bool LoadQuillets() {
     return true;
 }
 
-std::string FaultOfRecords(const std::string& text) {
-    const auto tables = std::make_unique<QuilletTables>();
-    CollectionScanner scanner(text);
-    ReadRecords(scanner, *tables);
-    return scanner.Fault();
+std::string FaultOfCollection(const std::string& text) {
+    return ReadRecords(text, *std::make_unique<QuilletTables>());
 }
 
 void ShowFault(const std::string& fault) {

@@ -21,12 +21,13 @@ constexpr std::size_t LargestCollection = 16 << 20;
 /// Ends the program with the message when the file is not a collection.
 void LoadPieceTable();
 
-/// Fills QuilletCount and the solution tables from QuilletFile. False when the file is not a collection: the
-/// message has been shown. More than 500 counted records end the program.
+/// Fills QuilletCount and the solution tables from QuilletFile; its piece table is only looked at, since the
+/// next start will need it. False when the file is not a collection: the message has been shown. More than
+/// 500 counted records end the program.
 bool LoadQuillets();
 
-/// What is wrong with the records of a collection, with its line; empty when nothing is.
-std::string FaultOfRecords(const std::string& text);
+/// What is wrong with a collection, with its line; empty when nothing is.
+std::string FaultOfCollection(const std::string& text);
 
 /// The message of a collection that can't be read.
 void ShowFault(const std::string& fault);

@@ -43,8 +43,9 @@ std::string CollectionField() {
 } // namespace
 
 void EnsureSettings() {
-    // A folder that can't be written leaves the game with the same defaults, so a failure needs no answer.
-    if (FileLength(SettingsPath()) == Game.FlagOff)
+    // Settings that can't be read just now are not missing. A folder that can't be written leaves the game
+    // with the same defaults, so a failure needs no answer.
+    if (FileLength(SettingsPath()) == Game.FlagOff && !HoldsSomething(SettingsPath()))
         ReplaceFile(SettingsPath(), "QUILLET.qui\r\n-1,-1,-1,-1\r\n");
 }
 

@@ -126,14 +126,6 @@ FileError ReadFile(const std::string& path, std::size_t limit, std::string& cont
     return error.empty() ? ReadAll(file.Handle(), limit, content) : error;
 }
 
-FileError WriteFile(const std::string& path, const std::string& content) {
-    OpenFile file(path, O_WRONLY | O_CREAT | O_TRUNC);
-    if (!file.IsOpen()) return Reason();
-    const FileError error = Finish(file, path, content);
-    if (!error.empty()) ::unlink(path.c_str());
-    return error;
-}
-
 FileError ReplaceFile(const std::string& path, const std::string& content) {
     // A link stays a link; what it leads to is replaced.
     std::error_code none;
@@ -192,7 +184,8 @@ FileError LockedFile::Append(const std::string& text) {
     const off_t length = ::lseek(Handle_, 0, SEEK_END);
     char last = '\n';
     if (length < 0 || (length > 0 && ::pread(Handle_, &last, 1, length - 1) != 1)) return Reason();
-    if (WriteAll(Handle_, last == '\n' ? text : "\r\n" + text) && ::fsync(Handle_) == 0) return {};
+    const std::string end = last == '\n' ? "" : last == '\r' ? "\n" : "\r\n";
+    if (WriteAll(Handle_, end + text) && ::fsync(Handle_) == 0) return {};
     FileError error = Reason();
     if (::ftruncate(Handle_, length) != 0 || ::fsync(Handle_) != 0)
         error += "; part of the record may stand at the end of the file";

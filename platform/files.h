@@ -22,10 +22,6 @@ using FileError = std::string;
 /// change. On failure `content` is empty.
 FileError ReadFile(const std::string& path, std::size_t limit, std::string& content);
 
-/// Writes the file, made or emptied first; on the disk when it returns without an error. On failure there is
-/// no file: a short one could be taken for whole.
-FileError WriteFile(const std::string& path, const std::string& content);
-
 /// Puts `content` in the place of the file, made if missing. The new content is on the disk before the old
 /// one goes; on failure the old file is untouched and nothing is left beside it.
 FileError ReplaceFile(const std::string& path, const std::string& content);

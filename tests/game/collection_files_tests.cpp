@@ -76,10 +76,13 @@ TEST_F(CollectionFilesTest, OpenAsksLoadsAndShowsARandomQuilletOfTheOtherFile) {
 
 TEST_F(CollectionFilesTest, OpenThatIsCancelledOrMeetsNoCollectionLeavesAllAsItWas) {
     WriteText(In("broken.qui"), ShippedHead() + "1,2,3\r\n");
+    WriteText(In("headless.qui"),
+              "x\r\n" + ShippedHead().substr(ShippedHead().find('\n') + 1)); // no start could read it
     const std::string file = Game.QuilletFile, caption = FormMain.Caption;
     const Number count = Game.QuilletCount;
-    for (const std::string& path : {std::string(), std::string("*.qui"), In("broken.qui").string(),
-                                    In("nowhere.qui").string(), Folder.string()}) {
+    for (const std::string& path :
+         {std::string(), std::string("*.qui"), In("broken.qui").string(), In("headless.qui").string(),
+          In("nowhere.qui").string(), Folder.string()}) {
         Desktop.Paths = {path};
         const std::size_t boxes = path.empty() || path == "*.qui" ? 0 : 1;
         EXPECT_EQ(BoxesOf(OpenCollection).size(), boxes) << path;
@@ -337,6 +340,10 @@ TEST_F(CollectionFilesTest, ALastLineWithoutAnEndIsEndedBeforeTheNewRecord) {
     BoxesOf(AppendQuillet);
     EXPECT_TRUE(Collection().starts_with(text + "\r\n"));
     EXPECT_EQ(Collection().find("\r\n", text.size() + 2), Collection().size() - 2);
+    WriteText(Game.QuilletFile, text + "\r"); // half an end
+    BoxesOf(AppendQuillet);
+    EXPECT_TRUE(Collection().starts_with(text + "\r\n"));
+    EXPECT_EQ(Collection().find("\r\r"), std::string::npos);
 }
 
 TEST_F(CollectionFilesTest, TheFiveHundredAndFirstRecordIsWrittenAndEndsTheProgram) {
@@ -359,6 +366,11 @@ TEST_F(CollectionFilesTest, FailuresAreToldWithFileAndReasonAndLeaveTheCollectio
     EXPECT_NE(BoxesOf(RemoveQuillet).back().find("a record has 24 numbers"), std::string::npos);
     EXPECT_EQ(Collection(), text + "oops\r\n");
     WriteText(file, text);
+    WriteText("QuiFile.tmp", text); // opened as the collection, it is spared
+    Game.QuilletFile = In("QuiFile.tmp").string();
+    EXPECT_NE(BoxesOf(RemoveQuillet).back().find("Remove itself"), std::string::npos);
+    EXPECT_EQ(Collection(), text);
+    Game.QuilletFile = file;
     fs::remove("QuiFile.tmp");
     fs::create_directories("QuiFile.tmp");
     EXPECT_EQ(BoxesOf(RemoveQuillet).back(),
