@@ -161,6 +161,10 @@ struct Form {
     bool InTaskBar = true;
     /// Opens in the centre of the screen, and not at Left and Top.
     bool Centred = false;
+    /// Shown modeless it leaves the keyboard where it is.
+    bool OpensQuietly = false;
+    /// Bears the program's icon.
+    bool HasIcon = true;
     /// The whole window with its border, as FrameWidth and FrameHeight count it, and its place on the screen.
     float Left = 0;
     float Top = 0;

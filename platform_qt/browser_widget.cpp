@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <map>
 
 namespace {
@@ -54,9 +55,17 @@ BrowserWidget* BrowserWidget::Of(const WebBrowser& record) {
     return found == Browsers.end() ? nullptr : found->second;
 }
 
-QVariant BrowserWidget::loadResource(int, const QUrl& name) {
+QVariant BrowserWidget::loadResource(int type, const QUrl& name) {
     QFile file(FileOf(source().resolved(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QVariant(QByteArray());
+    const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (type != QTextDocument::ImageResource) return content;
+    // Without a picture from here the view would look for one by itself, anywhere.
+    QImage picture = QImage::fromData(content);
+    if (picture.isNull()) {
+        picture = QImage(1, 1, QImage::Format_ARGB32);
+        picture.fill(Qt::transparent);
+    }
+    return picture;
 }
 
 void Navigate(WebBrowser& browser, const std::string& address) {

@@ -39,7 +39,8 @@ QPoint PixelOf(const QMouseEvent& event) {
 
 /// Calls the handler with the pixel in its units.
 void DeliverMouse(MouseHandler handler, const QMouseEvent& event, int unitsPerPixel) {
-    if (!handler) return;
+    // A press or release of a button that the game doesn't know is none.
+    if (!handler || (event.type() != QEvent::MouseMove && ButtonCode(event.button()) == 0)) return;
     const QPoint pixel = PixelOf(event) * unitsPerPixel;
     Deliver([&] {
         handler(ButtonCode(event.button()), ShiftState(event.modifiers()), static_cast<float>(pixel.x()),
@@ -203,6 +204,13 @@ CommandButtonWidget::CommandButtonWidget(CommandButton& record, QWidget* parent)
 void CommandButtonWidget::ShowRecord() {
     setGeometry(PlaceOf(Record));
     setText(QtText(Record.Caption));
+}
+
+void CommandButtonWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QPushButton::keyPressEvent(event);
 }
 
 TextBoxWidget::TextBoxWidget(TextBox& record, QWidget* parent) : QLabel(parent), Record(record) {

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSvgRenderer>
@@ -43,6 +44,9 @@ class LabelWidget : public QLabel {
     void ShowRecord();
 
   protected:
+    /// A label with a handler keeps the mouse during a press.
+    void mousePressEvent(QMouseEvent* event) override { event->setAccepted(Record.MouseUp); }
+    void mouseMoveEvent(QMouseEvent* event) override { event->setAccepted(Record.MouseUp); }
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
@@ -92,6 +96,10 @@ class CommandButtonWidget : public QPushButton {
   public:
     CommandButtonWidget(CommandButton& record, QWidget* parent);
     void ShowRecord();
+
+  protected:
+    /// Enter presses the button as the space bar does.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     CommandButton& Record;

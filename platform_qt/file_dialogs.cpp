@@ -15,6 +15,8 @@ std::int32_t Ask(OpenFileName& record, QFileDialog::AcceptMode mode) {
     dialog.setAcceptMode(mode);
     dialog.setFileMode(record.Flags & OFN_FILEMUSTEXIST ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    // A dot in a folder's name would be taken for the extension of a name without one.
+    if (mode == QFileDialog::AcceptSave) dialog.setDefaultSuffix(pattern.section('.', -1));
     dialog.setDirectory(QtText(record.lpstrInitialDir));
     dialog.setNameFilter(QString("Quillet files (%1)").arg(pattern));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return 0;

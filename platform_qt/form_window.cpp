@@ -13,8 +13,12 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 namespace {
+
+/// A form is told that it is active when another one was before, and not after a box or another program.
+const FormWindow* LastActive = nullptr;
 
 Qt::WindowFlags FlagsOf(const Form& form) {
     Qt::WindowFlags flags = form.InTaskBar ? Qt::Window : Qt::Tool;
@@ -52,7 +56,9 @@ QPoint CentreOfScreen(QSize size) {
 FormWindow::FormWindow(Form& record)
     : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new ClientWidget(record, this)) {
     setObjectName(QString::fromStdString(record.Name));
-    setWindowIcon(QIcon(":/icons/quillets.svg"));
+    if (record.HasIcon) setWindowIcon(QIcon(IconFile("quillets")));
+    // The panel tells its commands by their hover texts alone, and the board has the keyboard meanwhile.
+    setAttribute(Qt::WA_AlwaysShowToolTips);
     AddMenus();
     AddControls(record.Controls, Client);
     ShowRecord(ShownRows::Changed);
@@ -87,7 +93,9 @@ void FormWindow::Add(ScrollBar& record, QWidget* parent) {
 }
 
 void FormWindow::Add(CommandButton& record, QWidget* parent) {
-    ShowLater(new CommandButtonWidget(record, parent));
+    auto* button = new CommandButtonWidget(record, parent);
+    if (!focusWidget()) button->setFocus();
+    ShowLater(button);
 }
 
 void FormWindow::Add(TextBox& record, QWidget* parent) {
@@ -147,9 +155,12 @@ void FormWindow::ShowRecord(ShownRows rows) {
 void FormWindow::ShowAtPlace() {
     const QRect own(QPoint(PixelsOf(Record.Left), PixelsOf(Record.Top)), size());
     if (!isVisible()) move(Record.Centred ? CentreOfScreen(size()) : OnScreen(own));
+    const bool quiet = Record.OpensQuietly && windowModality() == Qt::NonModal;
+    setAttribute(Qt::WA_ShowWithoutActivating, quiet);
+    LastActive = this;
     show();
     raise();
-    activateWindow();
+    if (!quiet) activateWindow();
 }
 
 void FormWindow::LoseMouse() {
@@ -177,7 +188,7 @@ void FormWindow::changeEvent(QEvent* event) {
     if (event->type() != QEvent::ActivationChange) return;
     if (!isActiveWindow())
         LoseMouse();
-    else if (Record.Activate && Record.Visible)
+    else if (std::exchange(LastActive, this) != this && Record.Activate)
         Deliver(Record.Activate);
 }
 

@@ -134,9 +134,9 @@ BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, cons
 void ShowForm(Form& form, Modality modality) {
     Load(form);
     form.Visible = true;
+    FormWindow& window = WindowOf(form);
     if (form.Resized) form.Resized();
     if (form.Activate) form.Activate();
-    FormWindow& window = WindowOf(form);
     window.ShowRecord(ShownRows::Changed);
     window.setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
     if (modality == Modality::Modal) PrepareForModal();

@@ -93,6 +93,7 @@ void DesignAllShapes() {
     AllShapes.CloseBox = true;
     AllShapes.InTaskBar = false;
     AllShapes.Centred = true;
+    AllShapes.OpensQuietly = true;
     AllShapes.ShowsImage = true;
     AllShapes.Image.BackColor = Rgb(192, 192, 192);
     AllShapes.Image.UnitsPerPixel = TwipsPerPixelX();

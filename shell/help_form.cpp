@@ -53,6 +53,7 @@ void DesignHelpForm() {
     HelpForm.Border = BorderStyle::Sizable;
     HelpForm.CloseBox = true;
     HelpForm.Centred = true;
+    HelpForm.HasIcon = false;
     Resize(HelpForm, 7185 + FrameWidth(HelpForm.Border), 5625 + FrameHeight(HelpForm.Border));
     Place(HelpForm.Command1, "Command1", 60, 30, 1095, 375);
     Place(HelpForm.Command2, "Command2", 1155, 30, 1095, 375);

@@ -2,6 +2,7 @@
 #include "shell/print_shapes.h"
 
 #include "platform/desktop.h"
+#include "shell/all_shapes.h"
 #include "shell/page_drawing.h"
 
 #include <string>
@@ -126,4 +127,6 @@ void px_Click() {
     DrawAnew();
     PrintShapes.Image.Refresh();
     ShowForm(PrintShapes, Modality::Modal);
+    // A View All that stands open goes on showing its own page.
+    if (AllShapes.Visible) ViewTop = AllShapes.VScroll1.Value;
 }
