@@ -45,6 +45,8 @@ NeedPackages() {
     [[ $(id -u) == 0 ]] || command -v sudo >/dev/null \
         || Stop "packages are missing and there is no sudo; as root: apt-get install ${missing[*]}"
     echo "Installing ${missing[*]}"
-    Apt update || Stop "the lists of packages could not be fetched; is there a network?"
-    Apt install --no-install-recommends --yes "${missing[@]}" || Stop "not all packages could be installed: ${missing[*]}"
+    # One source out of reach, of many, is no reason to stop here: what is needed may come from the others.
+    Apt update || true
+    Apt install --no-install-recommends --yes "${missing[@]}" \
+        || Stop "packages could not be installed (is there a network?): ${missing[*]}"
 }
