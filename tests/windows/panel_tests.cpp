@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QToolTip>
 #include <X11/keysym.h>
 #include <algorithm>
 #include <csignal>
@@ -187,6 +188,16 @@ TEST(Panel, AButtonIsLighterUnderThePointer) {
         PointAt(button, {9, 9});
         Await("a lighter button", [&] { return BrightnessOnScreen(button) > plain; });
     }
+}
+
+TEST(Panel, AButtonTellsItsCommandWhileTheBoardHasTheKeyboard) {
+    StartBesideThePanel();
+    QAbstractButton* button = Button(First);
+    PointAt(Button(Last), {5, 5});
+    PointAt(button, {9, 9});
+    PointAt(button, {10, 10});
+    Await("the tool tip",
+          [&] { return QToolTip::isVisible() && QToolTip::text() == button->accessibleName(); });
 }
 
 TEST(Panel, ButtonsTellWhatTheyAre) {
