@@ -130,5 +130,6 @@ int main(int argc, char** argv) {
     std::thread(RunCase).detach();
     Curtain.get_future().wait();
     DesignWindows();
+    std::filesystem::current_path(Folder()); // as the program does
     return RunDesktop(argc, argv, FormMain, Folder().string());
 }
