@@ -97,8 +97,8 @@ void CheckConnected(std::int16_t& result) {
 double FilledPercent(double left, double top, double right, double bottom) {
     const Surface& board = FormMain.Picture1.Image;
     std::int32_t filled = 0, empty = 0;
-    for (double x = left; x <= right; ++x)
-        for (double y = top; y <= bottom; ++y) {
+    for (std::int32_t x = NearestInt32(left); x <= right; ++x)
+        for (std::int32_t y = NearestInt32(top); y <= bottom; ++y) {
             if (board.Point(x, y) == Game.BoardColor)
                 ++empty;
             else

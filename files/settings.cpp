@@ -30,7 +30,7 @@ std::string Decimal(float number) {
 /// The file name behind the last separator; in double quotes, those within it doubled, where it would not
 /// come back as it is.
 std::string CollectionField() {
-    const std::string name = Game.QuilletFile.substr(Game.QuilletFile.rfind(PathSeparator) + 1);
+    std::string name = Game.QuilletFile.substr(Game.QuilletFile.rfind(PathSeparator) + 1);
     const std::string_view blanks = " \t";
     const bool plain = name.find_first_of(",\"") == std::string::npos && !name.empty()
                        && blanks.find(name.front()) == blanks.npos && blanks.find(name.back()) == blanks.npos;
