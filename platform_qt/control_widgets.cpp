@@ -72,7 +72,8 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
     if (Record.Icon.empty()) return;
     const int size = std::min(width(), height());
     QSvgRenderer icon(IconFile(Record.Icon));
-    icon.render(&painter, QRectF((width() - size) / 2, (height() - size) / 2, size, size));
+    const QPoint corner((width() - size) / 2, (height() - size) / 2);
+    icon.render(&painter, QRectF(corner, QSizeF(size, size)));
 }
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
