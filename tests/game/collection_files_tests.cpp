@@ -181,7 +181,7 @@ TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletAndNumbersTheOthersAnew) {
 TEST_F(CollectionFilesTest, RemoveCountsSkippedRecordsAndKeepsTheHeadByteForByte) {
     std::string head = ShippedHead();
     std::erase(head, '\r');
-    head.replace(head.rfind("\n", head.size() - 2), std::string::npos, "\n  figures  \n");
+    head.replace(head.rfind('\n', head.size() - 2), std::string::npos, "\n  figures  \n");
     Record skipped, shown;
     skipped.Number = -4;
     shown.Pieces[0] = {1, 2, 3};
