@@ -94,7 +94,7 @@ class Door {
     Door() : Socket(socket(AF_INET, SOCK_STREAM, 0)) {
         sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
         socklen_t size = sizeof address;
-        bind(Socket, reinterpret_cast<sockaddr*>(&address), size);
+        EXPECT_EQ(bind(Socket, reinterpret_cast<sockaddr*>(&address), size), 0);
         listen(Socket, 8);
         getsockname(Socket, reinterpret_cast<sockaddr*>(&address), &size);
         Port = ntohs(address.sin_port);
