@@ -119,7 +119,7 @@ void Drag(int piece, Number x, Number y) {
 std::string TitleOf(WindowId window) {
     char* name = nullptr;
     XFetchName(Connection(), window, &name);
-    const std::string title = name ? name : "";
+    std::string title = name ? name : "";
     XFree(name);
     return title;
 }
