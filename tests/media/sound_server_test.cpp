@@ -25,9 +25,8 @@ int ListenAt(const std::string& path) {
     address.sun_family = AF_UNIX;
     std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
     const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
-    bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    listen(listener, 8);
-    return listener;
+    const bool bound = bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    return bound && listen(listener, 8) == 0 ? listener : -1;
 }
 
 class SoundServer : public testing::Test {
