@@ -1,5 +1,6 @@
 // The raster: clearing, reading, rectangles, copies, and polygons by the edge rule of the header.
-// One exact walk along an edge serves both the outline and the fill.
+// One exact walk along an edge serves both the outline and the fill. Pieces have plain edges, whose x is a
+// whole number in every row; they take a road of their own, which gives the same pixels.
 #include "platform/surface.h"
 
 #include <algorithm>
@@ -20,6 +21,18 @@ Surface::Pixel PixelOf(Colour colour) {
 
 Colour ColourOf(Surface::Pixel pixel) {
     return static_cast<Colour>((pixel & 0x0000FFu) << 16 | (pixel & 0x00FF00u) | (pixel & 0xFF0000u) >> 16);
+}
+
+/// Fills `count` pixels. Blocks of one size, the last of which may lie over the one before, keep the
+/// processor from guessing a new end in every row.
+void FillRun(Surface::Pixel* first, std::ptrdiff_t count, Surface::Pixel pixel) {
+    constexpr std::ptrdiff_t Block = 8;
+    if (count < Block) {
+        std::fill_n(first, count, pixel);
+        return;
+    }
+    for (std::ptrdiff_t i = 0; i < count - Block; i += Block) std::fill_n(first + i, Block, pixel);
+    std::fill_n(first + count - Block, Block, pixel);
 }
 
 /// The values start + floor((2 i rise + offset) / (2 run)) for i = first, first + 1 and so on, without
@@ -72,6 +85,54 @@ struct FillEdge {
     std::int64_t Top = 0;
     std::int64_t Bottom = 0;
     Walk X;
+};
+
+/// An edge is plain when it is upright, level or at 45 degrees: its x is a whole number in every row.
+/// Whether all edges are plain and lead down from the top and up again without a turn between.
+bool IsPlain(std::span<const Vertex> vertices) {
+    int turns = 0, lastWay = 0;
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        const Vertex a = vertices[i], b = vertices[(i + 1) % vertices.size()];
+        const int width = b.X - a.X, height = b.Y - a.Y;
+        if (width != 0 && height != 0 && std::abs(width) != std::abs(height)) return false;
+        const int way = (height > 0) - (height < 0);
+        if (way == 0) continue;
+        turns += lastWay != 0 && way != lastWay;
+        lastWay = way;
+    }
+    return turns <= 2;
+}
+
+/// One of the two ways down a plain polygon.
+class Chain {
+  public:
+    /// Stands at the vertex `top`. The stride is 1 to go on by the vertices after it, their number less 1 for
+    /// those before.
+    Chain(std::span<const Vertex> vertices, std::size_t top, std::size_t stride)
+        : Vertices(vertices), Index(top), Stride(stride), X_(vertices[top].X) {}
+
+    int X() const { return X_; }
+
+    /// Goes down from row y to the next one.
+    void Step(int y) {
+        while (Vertices[Index].Y <= y) TakeNextEdge();
+        X_ += Slope;
+    }
+
+  private:
+    void TakeNextEdge() {
+        const Vertex from = Vertices[Index];
+        Index = (Index + Stride) % Vertices.size();
+        const Vertex to = Vertices[Index];
+        X_ = from.X;
+        Slope = (to.X > from.X) - (to.X < from.X);
+    }
+
+    std::span<const Vertex> Vertices;
+    std::size_t Index;
+    std::size_t Stride;
+    int X_;
+    int Slope = 0;
 };
 
 /// Up to four crossings a row are usual, so that sorting them by hand is the quickest.
@@ -172,7 +233,13 @@ void Surface::FillSpan(std::int64_t firstX, std::int64_t lastX, int y, Pixel pix
     firstX = std::max<std::int64_t>(firstX, 0);
     lastX = std::min<std::int64_t>(lastX, Width_ - 1);
     if (firstX > lastX) return;
-    std::fill_n(&Pixels_[Offset(static_cast<int>(firstX), y)], lastX - firstX + 1, pixel);
+    FillRun(&Pixels_[Offset(static_cast<int>(firstX), y)], lastX - firstX + 1, pixel);
+}
+
+bool Surface::HoldsAll(std::span<const Vertex> vertices) const {
+    return std::all_of(vertices.begin(), vertices.end(), [&](Vertex vertex) {
+        return vertex.X >= 0 && vertex.X < Width_ && vertex.Y >= 0 && vertex.Y < Height_;
+    });
 }
 
 void Surface::DrawEdge(Vertex a, Vertex b, Pixel pixel) {
@@ -227,15 +294,41 @@ void Surface::FillInside(std::span<const Vertex> vertices, Pixel pixel) {
     }
 }
 
+void Surface::DrawPlainPolygon(std::span<const Vertex> vertices, std::size_t top, int bottom, Pixel outline) {
+    const Pixel inside = PixelOf(FillColor);
+    const bool solid = FillStyle == FillMode::Solid;
+    Chain one(vertices, top, 1), other(vertices, top, vertices.size() - 1);
+    for (int y = vertices[top].Y;; ++y) {
+        const int left = std::min(one.X(), other.X()), right = std::max(one.X(), other.X());
+        Pixel* row = &Pixels_[Offset(0, y)];
+        if (solid) FillRun(row + left, right - left, inside);
+        row[left] = outline;
+        row[right] = outline;
+        if (y == bottom) break;
+        one.Step(y);
+        other.Step(y);
+    }
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        const Vertex a = vertices[i], b = vertices[(i + 1) % vertices.size()];
+        if (a.Y == b.Y) FillSpan(std::min(a.X, b.X), std::max(a.X, b.X), a.Y, outline);
+    }
+}
+
 void Polygon(Surface& surface, std::span<const Vertex> vertices) {
     vertices = vertices.first(std::min(vertices.size(), MostVertices));
     if (vertices.empty()) return;
-    if (surface.FillStyle == FillMode::Solid) surface.FillInside(vertices, PixelOf(surface.FillColor));
+    const Surface::Pixel outline = PixelOf(surface.ForeColor);
     const auto [top, bottom] =
         std::minmax_element(vertices.begin(), vertices.end(), [](Vertex a, Vertex b) { return a.Y < b.Y; });
-    for (std::size_t i = 0; i < vertices.size(); ++i)
-        surface.DrawEdge(vertices[i], vertices[(i + 1) % vertices.size()], PixelOf(surface.ForeColor));
     surface.IncludeChanged(top->Y, bottom->Y);
+    if (surface.HoldsAll(vertices) && IsPlain(vertices)) {
+        surface.DrawPlainPolygon(vertices, static_cast<std::size_t>(top - vertices.begin()), bottom->Y,
+                                 outline);
+        return;
+    }
+    if (surface.FillStyle == FillMode::Solid) surface.FillInside(vertices, PixelOf(surface.FillColor));
+    for (std::size_t i = 0; i < vertices.size(); ++i)
+        surface.DrawEdge(vertices[i], vertices[(i + 1) % vertices.size()], outline);
 }
 
 void BitBlt(Surface& target, int x, int y, int width, int height, const Surface& source, int sourceX,

@@ -114,6 +114,8 @@ class Surface {
     }
     void IncludeChanged(std::int64_t firstRow, std::int64_t lastRow);
     void FillSpan(std::int64_t firstX, std::int64_t lastX, int y, Pixel pixel);
+    bool HoldsAll(std::span<const Vertex> vertices) const;
+    void DrawPlainPolygon(std::span<const Vertex> vertices, std::size_t top, int bottom, Pixel outline);
     void DrawEdge(Vertex a, Vertex b, Pixel pixel);
     void FillInside(std::span<const Vertex> vertices, Pixel pixel);
 
