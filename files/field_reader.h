@@ -42,8 +42,6 @@ class FieldReader {
     int NextLine() const { return Line_; }
 
   private:
-    std::string_view Take(std::string_view separators);
-
     std::string_view Rest_;
     int Line_ = 1;
     int FieldLine_ = 1;

@@ -5,6 +5,7 @@
 #include "core/game_state.h"
 #include "core/piece_geometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -95,14 +96,10 @@ void CheckConnected(std::int16_t& result) {
 }
 
 double FilledPercent(double left, double top, double right, double bottom) {
-    const Surface& board = FormMain.Picture1.Image;
-    std::int32_t filled = 0, empty = 0;
-    for (std::int32_t x = NearestInt32(left); x <= right; ++x)
-        for (std::int32_t y = NearestInt32(top); y <= bottom; ++y) {
-            if (board.Point(x, y) == Game.BoardColor)
-                ++empty;
-            else
-                ++filled;
-        }
-    return std::floor(filled * 100.0 / (empty + filled + 1.0));
+    // The bounds are taken in as far as whole pixels go.
+    const std::int32_t firstX = NearestInt32(left), lastX = FloorInt32(right);
+    const std::int32_t firstY = NearestInt32(top), lastY = FloorInt32(bottom);
+    const double all = std::max(lastX - firstX + 1.0, 0.0) * std::max(lastY - firstY + 1.0, 0.0);
+    const double empty = FormMain.Picture1.Image.CountOf(Game.BoardColor, firstX, firstY, lastX, lastY);
+    return std::floor((all - empty) * 100.0 / (all + 1.0));
 }

@@ -196,20 +196,29 @@ Colour Surface::Point(double x, double y) const {
     return ColourOf(Pixels_[Offset(column, row)]);
 }
 
+int Surface::CountOf(Colour colour, int left, int top, int right, int bottom) const {
+    left = std::max(left, 0);
+    right = std::min(right, Width_ - 1);
+    bottom = std::min(bottom, Height_ - 1);
+    std::ptrdiff_t count = 0;
+    for (int y = std::max(top, 0); y <= bottom && left <= right; ++y)
+        count += std::count(Row(y) + left, Row(y) + right + 1, PixelOf(colour));
+    return static_cast<int>(count);
+}
+
 void Surface::Line(double x1, double y1, double x2, double y2, Colour colour) {
     const auto pixels = [&](double units) { return NearestInt32(units / UnitsPerPixel); };
     const auto [left, right] = std::minmax({pixels(x1), pixels(x2)});
     const auto [top, bottom] = std::minmax({pixels(y1), pixels(y2)});
     const Pixel pixel = PixelOf(colour);
     const int firstRow = std::max(top, 0), lastRow = std::min(bottom, Height_ - 1);
-    for (int y = firstRow; y <= lastRow; ++y) {
-        if (y == top || y == bottom) {
-            FillSpan(left, right, y, pixel);
-            continue;
-        }
-        if (FillStyle == FillMode::Solid) FillSpan(left, right, y, PixelOf(FillColor));
-        if (left >= 0 && left < Width_) Pixels_[Offset(left, y)] = pixel;
-        if (right >= 0 && right < Width_) Pixels_[Offset(right, y)] = pixel;
+    if (FillStyle == FillMode::Solid)
+        for (int y = firstRow; y <= lastRow; ++y) FillSpan(left, right, y, PixelOf(FillColor));
+    for (const int y : {top, bottom})
+        if (y >= 0 && y < Height_) FillSpan(left, right, y, pixel);
+    for (const int x : {left, right}) {
+        if (x < 0 || x >= Width_) continue;
+        for (int y = firstRow; y <= lastRow; ++y) Pixels_[Offset(x, y)] = pixel;
     }
     IncludeChanged(top, bottom);
 }

@@ -83,6 +83,10 @@ class Surface {
     /// The colour of the pixel nearest to (x, y); NoColour outside.
     Colour Point(double x, double y) const;
 
+    /// How many pixels of that colour there are in the rectangle; these ends belong to it, and need not lie
+    /// inside.
+    int CountOf(Colour colour, int left, int top, int right, int bottom) const;
+
     /// The upright rectangle with these two corners: an outline of one pixel in the given colour, filled with
     /// FillColor when FillStyle is Solid.
     void Line(double x1, double y1, double x2, double y2, Colour colour);
