@@ -2,7 +2,7 @@
 # Sourced with bash, in the root of the project.
 
 RunPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev fonts-liberation)
-CheckPackages=(clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev libcanberra-pulse xvfb openbox
+CheckPackages=(clang libclang-rt-14-dev clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev libcanberra-pulse xvfb openbox
                strace python3)
 
 Stop() {
