@@ -3,7 +3,6 @@
 
 #include "platform/desktop.h"
 #include "shell/control_panel.h"
-#include "shell/page_drawing.h"
 
 #include <cstdlib>
 #include <string>
@@ -120,9 +119,13 @@ void DesignAllShapes() {
     ViewTop = 0;
 }
 
+PageLayout ThumbnailPage() {
+    return {AllShapes, 8,      8, 0.18F, 720, Game.ScreenScaleX * 49.5, Game.ScreenScaleY * 48.0,
+            nullptr,   nullptr};
+}
+
 void DrawThumbnails() {
-    DrawPage(
-        {AllShapes, 8, 8, 0.18F, 720, Game.ScreenScaleX * 49.5, Game.ScreenScaleY * 48.0, nullptr, nullptr});
+    DrawPage(ThumbnailPage());
 }
 
 void OpenThumbnails() {

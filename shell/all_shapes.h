@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/forms.h"
+#include "shell/page_drawing.h"
 
 struct ThumbnailWindow : Form {
     ScrollBar VScroll1;
@@ -12,6 +13,9 @@ extern ThumbnailWindow AllShapes;
 
 /// Sets the window back to its design, and the page to the first.
 void DesignAllShapes();
+
+/// How a page of the window is laid out.
+PageLayout ThumbnailPage();
 
 /// Draws the page that begins after ViewTop; does not clear the window.
 void DrawThumbnails();

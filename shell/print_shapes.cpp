@@ -3,7 +3,6 @@
 
 #include "platform/desktop.h"
 #include "shell/all_shapes.h"
-#include "shell/page_drawing.h"
 
 #include <string>
 
@@ -116,9 +115,20 @@ void DesignPrintShapes() {
     PrintShowSolution = 0;
 }
 
+PageLayout PrintPage() {
+    return {PrintShapes,
+            5,
+            4,
+            0.54F,
+            GridStep,
+            Game.ScreenScaleX * 49.5 * 3,
+            Game.ScreenScaleY * 48.0 * 3,
+            SetColours,
+            PrintNumber};
+}
+
 void DrawPrintPage() {
-    DrawPage({PrintShapes, 5, 4, 0.54F, GridStep, Game.ScreenScaleX * 49.5 * 3, Game.ScreenScaleY * 48.0 * 3,
-              SetColours, PrintNumber});
+    DrawPage(PrintPage());
 }
 
 void px_Click() {

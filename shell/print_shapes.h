@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/forms.h"
+#include "shell/page_drawing.h"
 
 struct PrintWindow : Form {
     ScrollBar VScroll1;
@@ -14,6 +15,9 @@ extern std::int16_t PrintShowSolution;
 
 /// Sets the window back to its design.
 void DesignPrintShapes();
+
+/// How a page of the window is laid out.
+PageLayout PrintPage();
 
 /// Draws the page that begins after ViewTop; does not clear the window.
 void DrawPrintPage();
