@@ -28,38 +28,43 @@ class CollectionScanner {
     bool Failed() const { return !Fault_.empty(); }
     const std::string& Fault() const { return Fault_; }
 
-    void Fail(int line, const std::string& what) {
+    /// Always 0, the number in place of a faulty one.
+    Number Fail(int line, const std::string& what) {
         if (!Failed()) Fault_ = "Line " + std::to_string(line) + ": " + what;
+        return 0;
     }
 
     Number ReadNumber() {
         if (Failed()) return 0;
-        if (Reader.AtEnd()) {
-            Fail(Reader.NextLine(), "the file ends where a number is expected");
-            return 0;
-        }
-        const std::string_view field = Reader.NextField();
-        const std::optional<double> value = ParseNumber(field);
-        if (!value)
-            Fail(Reader.Line(), field.empty() ? "a number is missing" : Quoted(field) + " is not a number");
-        else if (std::abs(*value) > LargestNumber)
-            Fail(Reader.Line(), "a number is out of range");
-        return Failed() ? 0 : *value;
+        std::int32_t whole = 0;
+        return InRange(Reader.NextWholeNumber(whole) ? whole : ReadAnyNumber());
     }
 
     std::int16_t ReadInt16() { return ToInt16(ReadNumber()); }
 
     std::int16_t ToInt16(double value) {
-        constexpr double Low = std::numeric_limits<std::int16_t>::min();
-        constexpr double High = std::numeric_limits<std::int16_t>::max();
-        const double whole = NearestInt32(value);
-        if (whole < Low || whole > High) Fail(Reader.Line(), "a number is out of range");
+        constexpr double Low = std::numeric_limits<std::int16_t>::min() - 0.5;
+        constexpr double High = std::numeric_limits<std::int16_t>::max() + 0.5;
+        // A half is rounded to the even number, which is inside at the low end alone.
+        if (value < Low || value >= High) Fail(Reader.Line(), "a number is out of range");
         return NearestInt16(value);
     }
 
     FieldReader Reader;
 
   private:
+    Number ReadAnyNumber() {
+        if (Reader.AtEnd()) return Fail(Reader.NextLine(), "the file ends where a number is expected");
+        const std::string_view field = Reader.NextField();
+        if (field.empty()) return Fail(Reader.Line(), "a number is missing");
+        const std::optional<double> value = ParseNumber(field);
+        return value ? *value : Fail(Reader.Line(), Quoted(field) + " is not a number");
+    }
+
+    Number InRange(Number number) {
+        return std::abs(number) <= LargestNumber ? number : Fail(Reader.Line(), "a number is out of range");
+    }
+
     /// Shortened, and free of what a message box can't show.
     static std::string Quoted(std::string_view field) {
         std::string text(field.substr(0, 20));
@@ -106,11 +111,11 @@ void ReadShapeRow(CollectionScanner& scanner, GameState& scratch, int piece, int
 
 /// Passes over all that stands before the records.
 void SkipHead(CollectionScanner& scanner) {
-    for (int line = 1; line <= LinesBeforeFreeField; ++line)
-        if (!scanner.Reader.SkipLine())
-            return scanner.Fail(scanner.Reader.NextLine(), "the file is too short");
-    if (scanner.Reader.AtEnd()) return scanner.Fail(scanner.Reader.NextLine(), "the file is too short");
-    if (scanner.Reader.NextField().empty()) scanner.Fail(scanner.Reader.Line(), "a text is missing");
+    for (int line = 1; line <= LinesBeforeFreeField; ++line) scanner.Reader.SkipLine();
+    if (scanner.Reader.AtEnd())
+        scanner.Fail(scanner.Reader.NextLine(), "the file is too short");
+    else if (scanner.Reader.NextField().empty())
+        scanner.Fail(scanner.Reader.Line(), "a text is missing");
 }
 
 struct QuilletTables {
@@ -125,7 +130,7 @@ struct QuilletTables {
 void ReadRecord(CollectionScanner& scanner, QuilletTables& tables) {
     scanner.Reader.SkipEmptyLines();
     if (scanner.Reader.FieldsOnLine() != FieldsOfARecord)
-        return scanner.Fail(scanner.Reader.NextLine(), "a record has 24 numbers");
+        scanner.Fail(scanner.Reader.NextLine(), "a record has 24 numbers");
     const bool counts = scanner.ReadNumber() > 0;
     const Number left = scanner.ReadNumber();
     const Number top = scanner.ReadNumber();

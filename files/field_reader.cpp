@@ -44,6 +44,15 @@ std::string_view FieldReader::NextField() {
     return Trimmed(field);
 }
 
+bool FieldReader::NextWholeNumber(std::int32_t& whole) {
+    const char* end = Rest_.data() + Rest_.size();
+    const auto [stop, error] = std::from_chars(Rest_.data(), end, whole);
+    if (error != std::errc{} || stop == end || *stop != ',') return false;
+    FieldLine_ = Line_;
+    Rest_.remove_prefix(static_cast<std::size_t>(stop + 1 - Rest_.data()));
+    return true;
+}
+
 std::string FieldReader::NextQuotedField() {
     const std::size_t first = Rest_.find_first_not_of(Blanks);
     if (first == std::string_view::npos || Rest_[first] != '"') return std::string(NextField());
@@ -73,13 +82,17 @@ std::string_view FieldReader::NextBlankSeparatedField() {
     return field;
 }
 
-std::ptrdiff_t FieldReader::FieldsOnLine() const {
-    const std::string_view line = Rest_.substr(0, Rest_.find('\n'));
-    return std::count(line.begin(), line.end(), ',') + 1;
+int FieldReader::FieldsOnLine() const {
+    int fields = 1;
+    for (const char c : Rest_.substr(0, Rest_.find('\n'))) fields += c == ',';
+    return fields;
 }
 
 void FieldReader::SkipEmptyLines() {
-    while (!AtEnd() && Trimmed(WithoutCarriageReturn(Rest_.substr(0, Rest_.find('\n')))).empty()) SkipLine();
+    const std::size_t filled = std::min(Rest_.find_first_not_of(" \t\r\n"), Rest_.size());
+    const std::string_view empty = Rest_.substr(0, Rest_.substr(0, filled).rfind('\n') + 1);
+    Line_ += static_cast<int>(std::count(empty.begin(), empty.end(), '\n'));
+    Rest_.remove_prefix(empty.size());
 }
 
 bool FieldReader::SkipLine() {
@@ -95,11 +108,6 @@ bool FieldReader::SkipLine() {
 
 std::optional<double> ParseNumber(std::string_view field) {
     const char* end = field.data() + field.size();
-    // Most are whole numbers, which are read in a quarter of the time.
-    std::int32_t whole = 0;
-    if (const auto read = std::from_chars(field.data(), end, whole);
-        read.ec == std::errc{} && read.ptr == end)
-        return whole;
     double value = 0;
     const auto [stop, error] = std::from_chars(field.data(), end, value);
     if (error != std::errc{} || stop != end || !std::isfinite(value)) return std::nullopt;

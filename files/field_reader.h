@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,10 @@ class FieldReader {
 
     std::string_view NextField();
 
+    /// Reads the next field if it is a whole number of 32 bits with a comma close behind it, as nearly all
+    /// are; else nothing, and answers false.
+    bool NextWholeNumber(std::int32_t& whole);
+
     /// A field that may stand in double quotes, and then may hold commas and doubled double quotes.
     std::string NextQuotedField();
 
@@ -24,7 +29,7 @@ class FieldReader {
     std::string_view NextBlankSeparatedField();
 
     /// How many fields there are on the rest of the line.
-    std::ptrdiff_t FieldsOnLine() const;
+    int FieldsOnLine() const;
 
     /// Passes over lines that hold nothing but blanks.
     void SkipEmptyLines();

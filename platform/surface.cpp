@@ -200,10 +200,11 @@ int Surface::CountOf(Colour colour, int left, int top, int right, int bottom) co
     left = std::max(left, 0);
     right = std::min(right, Width_ - 1);
     bottom = std::min(bottom, Height_ - 1);
-    std::ptrdiff_t count = 0;
-    for (int y = std::max(top, 0); y <= bottom && left <= right; ++y)
-        count += std::count(Row(y) + left, Row(y) + right + 1, PixelOf(colour));
-    return static_cast<int>(count);
+    const Pixel pixel = PixelOf(colour);
+    int count = 0;
+    for (int y = std::max(top, 0); y <= bottom; ++y)
+        for (int x = left; x <= right; ++x) count += Row(y)[x] == pixel;
+    return count;
 }
 
 void Surface::Line(double x1, double y1, double x2, double y2, Colour colour) {

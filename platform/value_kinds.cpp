@@ -1,35 +1,7 @@
-// The conversions between the kinds of values, and the 16-colour table.
-// All of them saturate: a coordinate far outside stays far outside and never wraps round.
+// Conversions that keep a number a number, and the 16-colour table.
 #include "platform/value_kinds.h"
 
 #include <array>
-#include <cmath>
-#include <limits>
-
-namespace {
-
-template <typename Integer>
-Integer Saturated(double whole) {
-    if (std::isnan(whole)) return 0;
-    if (whole <= std::numeric_limits<Integer>::min()) return std::numeric_limits<Integer>::min();
-    if (whole >= std::numeric_limits<Integer>::max()) return std::numeric_limits<Integer>::max();
-    return static_cast<Integer>(whole);
-}
-
-} // namespace
-
-// nearbyint follows the default rounding mode, which nobody changes: to nearest, ties to even.
-std::int16_t NearestInt16(double value) {
-    return Saturated<std::int16_t>(std::nearbyint(value));
-}
-
-std::int32_t NearestInt32(double value) {
-    return Saturated<std::int32_t>(std::nearbyint(value));
-}
-
-std::int32_t FloorInt32(double value) {
-    return Saturated<std::int32_t>(std::floor(value));
-}
 
 Number FloorNumber(double value) {
     return std::floor(value);

@@ -1,8 +1,11 @@
 // The kinds of values the game computes with, and the one conversion function of each.
-// Every rounding in the program goes through here, so that none is left to a cast.
+// Every rounding in the program goes through here, so that none is left to a cast. Those to whole numbers
+// saturate: a coordinate far outside stays far outside and never wraps round.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <limits>
 
 /// Whole numbers from data files and fractional ones from the mouse; rounded where it becomes an integer.
 using Number = double;
@@ -14,13 +17,25 @@ using Colour = std::int32_t;
 using Flag = std::int16_t;
 
 /// To nearest, ties to even. Beyond the range the nearest end of it; 0 for what is no number.
-std::int16_t NearestInt16(double value);
-
-/// To nearest, ties to even. Beyond the range the nearest end of it; 0 for what is no number.
-std::int32_t NearestInt32(double value);
+template <typename Integer>
+Integer Nearest(double value) {
+    if (std::isnan(value)) return 0;
+    if (value <= std::numeric_limits<Integer>::min()) return std::numeric_limits<Integer>::min();
+    if (value >= std::numeric_limits<Integer>::max()) return std::numeric_limits<Integer>::max();
+    // lrint follows the default rounding mode, which nobody changes.
+    return static_cast<Integer>(std::lrint(value));
+}
+inline std::int16_t NearestInt16(double value) {
+    return Nearest<std::int16_t>(value);
+}
+inline std::int32_t NearestInt32(double value) {
+    return Nearest<std::int32_t>(value);
+}
 
 /// Towards minus infinity. Beyond the range the nearest end of it; 0 for what is no number.
-std::int32_t FloorInt32(double value);
+inline std::int32_t FloorInt32(double value) {
+    return NearestInt32(std::floor(value));
+}
 
 /// Towards minus infinity, kept as a number.
 Number FloorNumber(double value);
