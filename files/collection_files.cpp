@@ -136,10 +136,11 @@ void RemoveQuillet() {
         "Remove this Quillet ( " + std::to_string(NearestInt32(Game.CurrentQuillet)) + ") ?";
     if (MsgBox(question, BoxButtons::YesNo, BoxIcon::None, "Quillets") != BoxAnswer::Yes) return;
     if (!RemoveFromFile()) return;
-    // In an empty collection there is none before the shown one.
-    if (Game.CurrentQuillet == Game.QuilletCount)
-        Game.CurrentQuillet = std::max<Number>(Game.CurrentQuillet - 1, 0);
+    if (Game.CurrentQuillet == Game.QuilletCount) Game.CurrentQuillet -= 1;
     LoadQuillets();
+    // An emptied collection has none to show, and another program may have added some or taken some away.
+    Game.CurrentQuillet =
+        std::clamp(Game.CurrentQuillet, std::min<Number>(Game.QuilletCount, 1), Game.QuilletCount);
     ShowQuillet();
     CheckAllTurns();
     DrawAllPieces();
