@@ -1,0 +1,205 @@
+// Fuzzed files. The readers take each one whole or refuse it, with a message that names one of its lines;
+// with QUILLETS_PLAY set a collection is also opened, looked at, appended to, removed from and saved, and
+// nothing is lost.
+#include "core/board_window.h"
+#include "core/game_state.h"
+#include "core/panel_window.h"
+#include "files/collection_reader.h"
+#include "files/settings.h"
+#include "platform_scripted/scripted_desktop.h"
+#include "shell/all_shapes.h"
+#include "shell/events.h"
+#include "shell/print_shapes.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string Figure = "1,60,60,3,60,60,5,60,60,7,162,60,1,128,94,1,94,128,3,128,128,3,60,162\r\n";
+
+/// The game's folder, in memory where there is such a place.
+struct Folder {
+    fs::path Path = (fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path())
+                    / ("quillets-fuzz-" + std::to_string(::getpid()) + "/");
+    Folder() {
+        fs::create_directories(Path);
+        fs::current_path(Path);
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { fs::remove_all(Path); }
+};
+
+/// Ends the run, which keeps the input, unless `right`.
+void Insist(bool right, const char* what) {
+    if (right) return;
+    std::fprintf(stderr, "Not so: %s\n", what);
+    for (const BoxCall& box : Desktop.Boxes) std::fprintf(stderr, "Box: %s\n", box.Text.c_str());
+    std::abort();
+}
+
+std::string Content(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// An empty text takes the file away.
+void Put(const std::string& name, const std::string& text) {
+    if (text.empty())
+        fs::remove(name);
+    else
+        std::ofstream(name, std::ios::binary) << text;
+}
+
+std::string FirstLines(const std::string& text, int count) {
+    std::size_t end = 0;
+    while (count-- > 0) end = text.find('\n', end) + 1;
+    return text.substr(0, end);
+}
+
+const std::string& ShippedHead() {
+    static const std::string Head = FirstLines(Content(DATA_FOLDER "/QUILLET.qui"), 65);
+    return Head;
+}
+
+void StartGame() {
+    static const Folder Ground;
+    Put("QUILLET.qui", ShippedHead() + Figure);
+    Put("Quillets.cfg", "");
+    DesignWindows();
+    Insist(StartProgram(FormMain, Ground.Path), "the game starts");
+}
+
+bool NamesALineOf(const std::string& text) {
+    const std::string& message = Desktop.Boxes.back().Text;
+    const std::size_t at = message.rfind("\n\rLine ");
+    const long line = at == message.npos ? 0 : std::atol(message.c_str() + at + 7);
+    return Desktop.Boxes.size() == 1 && line >= 1 && line <= std::count(text.begin(), text.end(), '\n') + 1;
+}
+
+/// Count, turns and places of all quillets.
+using Tables = std::vector<Number>;
+
+Tables TablesNow() {
+    Tables tables;
+    for (std::size_t q = 1; q <= static_cast<std::size_t>(Game.QuilletCount); ++q)
+        for (int p = 0; p < PieceCount; ++p)
+            tables.insert(tables.end(), {Game.SolTurn[p][q], Game.SolX[p][q], Number(Game.SolY[p][q])});
+    return tables;
+}
+
+void ReadAsPieceTable(const std::string& text) {
+    Put("QUILLET.qui", text);
+    Game.QuilletFile = Game.AppPath + "QUILLET.qui";
+    const auto shapes = Game.PieceShape;
+    Desktop.Boxes.clear();
+    if (!Deliver(LoadPieceTable))
+        Insist(NamesALineOf(text) && Game.PieceShape == shapes, "refused, the shapes stay");
+    Desktop.Ended = false;
+}
+
+void ReadAsSettings(const std::string& text) {
+    Put("Quillets.cfg", text);
+    Desktop.Boxes.clear();
+    EnsureSettings();
+    const Settings read = ReadSettings();
+    Game.QuilletFile = Game.AppPath + read.CollectionName;
+    const std::string name = read.CollectionName.substr(read.CollectionName.rfind('/') + 1);
+    WriteSettings(read.Placement);
+    const Settings again = ReadSettings();
+    Insist(again.CollectionName == (name.empty() ? "QUILLET.qui" : name), "the name comes back");
+    Insist(again.Placement == read.Placement, "the places come back");
+    Insist(Desktop.Boxes.empty(), "nothing is said");
+}
+
+/// True when it is loaded.
+bool OpenCollectionOf(const std::string& text) {
+    const Tables before = TablesNow();
+    const std::string file = Game.QuilletFile;
+    Put("fuzzed.qui", text);
+    Desktop.Boxes.clear();
+    Desktop.Paths = {Game.AppPath + "fuzzed.qui"};
+    ChooseMenuItem(Form1, "Open");
+    if (Desktop.Boxes.empty() || Desktop.Ended) return !Desktop.Ended;
+    Insist(NamesALineOf(text), "a refusal names a line");
+    Insist(TablesNow() == before && Game.QuilletFile == file && FormMain.Picture1.Enabled,
+           "refused, all stays");
+    return false;
+}
+
+constexpr std::size_t ViewAll = 0, Remove = 2, Append = 3, Reset = 4, Copy = 5, First = 6, Last = 9;
+
+void Press(std::initializer_list<std::size_t> buttons) {
+    for (const std::size_t button : buttons) PressButton(Form1.MenuButx[button]);
+}
+
+/// Appends the shown figure or, where that is too large, the pieces at home, and takes it away again.
+void AppendAndRemove() {
+    const std::string before = Content("fuzzed.qui");
+    Press({Copy, Append});
+    if (Content("fuzzed.qui") == before) Press({Reset, Append});
+    const std::string after = Content("fuzzed.qui");
+    Insist(after.starts_with(before) && after != before && after.ends_with("\r\n"),
+           "a record comes to the end");
+    Press({Remove});
+}
+
+/// The first Remove numbers all records anew, also those that did not count; from then on nothing changes any
+/// more.
+void Play() {
+    const Tables figures = TablesNow();
+    const std::string head = FirstLines(Content("fuzzed.qui"), 64);
+    Press({First, ViewAll, Last});
+    AllShapes.MouseUp(1, 0, 1000, 100);
+    ChooseMenuItem(Form1, "Print");
+    ChooseMenuItem(PrintShapes, "Show Solution");
+    AppendAndRemove();
+    const std::string plain = Content("fuzzed.qui");
+    const Tables known = TablesNow();
+    if (!Desktop.Ended) AppendAndRemove();
+    if (Desktop.Ended) return;
+    Insist(plain.starts_with(head), "the head stays");
+    Insist(known.size() != figures.size() || known == figures, "the figures stay");
+    Insist(Content("fuzzed.qui") == plain && TablesNow() == known, "what comes and goes leaves no trace");
+    Desktop.Paths = {Game.AppPath + "copy.qui"};
+    ChooseMenuItem(Form1, "Save as");
+    Insist(Content("copy.qui") == plain, "a copy is a copy");
+}
+
+/// Behind the letter s the input is a settings file, behind an r the records of a collection; else it is a
+/// collection.
+void Try(std::string text) {
+    static const bool Plays = std::getenv("QUILLETS_PLAY") != nullptr;
+    if (Desktop.Ended || !FormMain.Visible) StartGame();
+    const char kind = text.empty() ? ' ' : text[0];
+    if (kind == 'r') text.replace(0, 1, ShippedHead());
+    if (kind == 's')
+        ReadAsSettings(text.substr(1));
+    else if (OpenCollectionOf(text) && Plays)
+        Play();
+    else if (kind != 'r' && !Plays)
+        ReadAsPieceTable(text);
+    Desktop.Calls.clear();
+}
+
+} // namespace
+
+/// An input is slow when it is slow three times: the machine has other things to do.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    for (int time = 1; time <= 3; ++time) {
+        const std::clock_t start = std::clock();
+        Try({data, data + size});
+        if (std::clock() - start < CLOCKS_PER_SEC / 20) return 0;
+    }
+    Insist(false, "done within 50 ms");
+    return 0;
+}
