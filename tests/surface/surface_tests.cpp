@@ -1,141 +1,160 @@
-// All of the surface but polygons: reading, clearing, rectangles, copies, sizes, and which rows are shown.
-#include "pictures.h"
+// The surface against the plain one: whatever is drawn, every pixel is the same, and no changed row is kept
+// back.
+#include "reference.h"
 
 #include <algorithm>
 #include <array>
 #include <climits>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
 
-/// A surface on which every pixel is different, and differs from those of other tints.
-Surface Speckled(int width, int height, int tint) {
-    Surface surface(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) surface.Line(x, y, x, y, Rgb(x, y, tint));
-    return surface;
+/// A surface, and the plain one on which the same is drawn.
+struct Pair {
+    Surface Drawn;
+    Reference Plain;
+    Pair(int width, int height, Colour ground) : Drawn(width, height, ground), Plain(width, height, ground) {}
+};
+
+void Draw(Pair& both, const Shape& shape, FillMode mode = FillMode::Solid) {
+    Surface& surface = both.Drawn;
+    surface.ForeColor = Rgb(1, 2, Between(0, 255));
+    surface.FillColor = Rgb(200, 100, Between(0, 255));
+    surface.FillStyle = mode;
+    Polygon(surface, shape);
+    both.Plain.Draw(shape, surface.ForeColor, surface.FillColor, mode);
+}
+
+/// Up to 11 vertices, often knots, or with vertices that meet; now and then beyond all bounds.
+Shape SomeShape() {
+    constexpr std::array Far = {INT_MIN, INT_MIN + 1, INT_MAX - 1, INT_MAX};
+    const bool far = Between(0, 3) == 0;
+    const int reach = Between(1, 30);
+    Shape shape(static_cast<std::size_t>(Between(1, 11)));
+    for (Vertex& vertex : shape) {
+        vertex = {20 + Between(-reach, reach), 15 + Between(-reach, reach)};
+        for (int* place : {&vertex.X, &vertex.Y})
+            if (far && Between(0, 1)) *place = Between(0, 1) ? Far[Between(0, 3)] : Between(INT_MIN, INT_MAX);
+    }
+    return shape;
+}
+
+double SomePlace() {
+    return Between(0, 9) == 0 ? 1e10 * Between(-1, 1) : Between(-60, 300) / 8.0;
+}
+
+void DrawSomeBox(Pair& both) {
+    Surface& surface = both.Drawn;
+    surface.FillStyle = Between(0, 1) ? FillMode::Solid : FillMode::None;
+    surface.FillColor = Rgb(9, Between(0, 255), 9);
+    surface.UnitsPerPixel = Between(0, 1) ? 1 : 15;
+    const int units = surface.UnitsPerPixel;
+    const double x1 = SomePlace(), y1 = SomePlace(), x2 = SomePlace(), y2 = SomePlace();
+    const Colour edge = Rgb(Between(0, 255), 8, 8);
+    surface.Line(x1 * units, y1 * units, x2 * units, y2 * units, edge);
+    both.Plain.Box(x1, y1, x2, y2, edge, surface.FillColor, surface.FillStyle);
+}
+
+void CopySomething(Pair& both) {
+    Pair source(Between(1, 40), Between(1, 40), Rgb(7, 7, 7));
+    Draw(source, SomeShape());
+    std::array<int, 6> numbers;
+    for (int& number : numbers) number = Between(-20, 40);
+    if (Between(0, 3) == 0) numbers[Between(0, 5)] = Between(0, 1) ? INT_MIN : INT_MAX;
+    const auto& [x, y, width, height, fromX, fromY] = numbers;
+    BitBlt(both.Drawn, x, y, width, height, source.Drawn, fromX, fromY);
+    for (int row = 0; row < source.Plain.Height; ++row)
+        for (int column = 0; column < source.Plain.Width; ++column) {
+            const std::int64_t right = std::int64_t{column} - fromX, down = std::int64_t{row} - fromY;
+            if (right < 0 || down < 0 || right >= width || down >= height) continue;
+            if (std::abs(x + right) < 1000 && std::abs(y + down) < 1000)
+                both.Plain.Set(static_cast<int>(x + right), static_cast<int>(y + down),
+                               source.Plain.At(column, row));
+        }
+}
+
+void ClearOrResize(Pair& both) {
+    Surface& surface = both.Drawn;
+    surface.BackColor = Rgb(Between(0, 255), 0, 0);
+    const bool clear = Between(0, 1);
+    const Reference before = clear ? Reference(1, 1, surface.BackColor) : both.Plain;
+    if (clear)
+        surface.Cls();
+    else
+        surface.Resize(Between(1, 45), Between(1, 45));
+    both.Plain = Reference(surface.Width(), surface.Height(), surface.BackColor);
+    for (int y = 0; y < before.Height; ++y)
+        for (int x = 0; x < before.Width; ++x) both.Plain.Set(x, y, before.At(x, y));
+}
+
+void DrawSomething(Pair& both) {
+    const int kind = Between(0, 9);
+    if (kind < 5) Draw(both, SomeShape(), Between(0, 1) ? FillMode::Solid : FillMode::None);
+    if (kind == 5 || kind == 6) DrawSomeBox(both);
+    if (kind == 7 || kind == 8) CopySomething(both);
+    if (kind == 9) ClearOrResize(both);
+}
+
+TEST(SurfaceTest, DrawsEveryPixelByTheRuleAndTellsOfEveryRowThatChanged) {
+    for (int picture = 0; picture < 1500; ++picture) {
+        Pair both(Between(1, 45), Between(1, 45), Rgb(192, 192, 192));
+        for (int n = 0; n < 8; ++n) {
+            const Reference before = both.Plain;
+            both.Drawn.TakeChangedRows();
+            DrawSomething(both);
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(both.Drawn, both.Plain));
+            const RowRange told = both.Drawn.TakeChangedRows();
+            for (int y = 0; y < both.Plain.Height; ++y)
+                for (int x = 0; x < both.Plain.Width; ++x) {
+                    const bool changed = both.Plain.At(x, y) != before.At(x, y);
+                    ASSERT_TRUE(!changed || (told.First <= y && y < told.Last));
+                }
+        }
+    }
+}
+
+TEST(SurfaceTest, DrawsEveryPolygonOnASmallGridByTheRule) {
+    for (const auto& [corners, side] : {std::pair(0, 2), {1, 6}, {2, 6}, {3, 5}, {4, 3}, {5, 2}})
+        for (int n = 0, points = side * side; n < std::pow(points, corners); ++n) {
+            Shape shape;
+            for (int rest = n, i = 0; i < corners; ++i, rest /= points)
+                shape.push_back({rest % points % side, rest % points / side});
+            Pair both(side, side, Rgb(192, 192, 192));
+            Draw(both, shape);
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(both.Drawn, both.Plain)) << testing::PrintToString(shape);
+        }
 }
 
 TEST(SurfaceTest, PointTellsTheNearestPixelTiesToEvenAndNoColourOutside) {
-    const Surface surface = Speckled(5, 4, 7);
-    EXPECT_EQ(surface.Row(2)[3], 0xFF030207u);
-    EXPECT_EQ(surface.Point(1.5, 2.5), Rgb(2, 2, 7));
-    EXPECT_EQ(surface.Point(-0.5, -0.5), Rgb(0, 0, 7));
-    EXPECT_EQ(surface.Point(4.5, 3.49), Rgb(4, 3, 7));
+    Surface surface(5, 4, Rgb(7, 7, 7));
+    surface.Line(2, 2, 2, 2, Rgb(1, 2, 3));
+    EXPECT_EQ(surface.Row(2)[2], 0xFF010203U);
+    for (const auto& [x, y] : {std::pair(1.5, 2.5), {2.5, 1.5}, {2.49, 2}})
+        EXPECT_EQ(surface.Point(x, y), Rgb(1, 2, 3));
+    for (const auto& [x, y] : {std::pair(-0.5, -0.5), {4.5, 3.49}})
+        EXPECT_EQ(surface.Point(x, y), Rgb(7, 7, 7));
     for (const auto& [x, y] : {std::pair(-0.51, 0.0), {4.51, 0}, {0, 3.5}, {0, -1}, {1e300, 0}, {0, -1e300}})
         EXPECT_EQ(surface.Point(x, y), Surface::NoColour) << x << ' ' << y;
 }
 
-TEST(SurfaceTest, LineDrawsTheUprightRectangleBetweenItsCorners) {
-    struct Case {
-        double X1, Y1, X2, Y2;
-        FillMode Mode;
-        Picture Expected;
+TEST(SurfaceTest, RowsAreDueWhenRefreshedAndHandedOverOnce) {
+    const auto ends = [](RowRange rows) {
+        return rows.Empty() ? std::pair(0, 0) : std::pair(rows.First, rows.Last);
     };
-    const Case cases[] = {{1, 0, 4, 2, FillMode::Solid, ".####.\n.#++#.\n.####.\n......\n"},
-                          {1, 0, 4, 2, FillMode::None, ".####.\n.#..#.\n.####.\n......\n"},
-                          {0.5, 2.6, 3.5, 0.51, FillMode::Solid, "......\n#####.\n#+++#.\n#####.\n"},
-                          {-1e12, -5, 2, 2, FillMode::Solid, "++#...\n++#...\n###...\n......\n"},
-                          {1, 1, 1e300, 1e300, FillMode::None, "......\n.#####\n.#....\n.#....\n"}};
-    for (const Case& c : cases)
-        for (const bool swapped : {false, true}) {
-            Surface surface(6, 4, Ground);
-            surface.ForeColor = 12345;
-            surface.FillColor = Inside;
-            surface.FillStyle = c.Mode;
-            surface.Line(swapped ? c.X2 : c.X1, c.Y1, swapped ? c.X1 : c.X2, c.Y2, Outline);
-            EXPECT_EQ(PictureOf(surface), c.Expected);
-            EXPECT_EQ(surface.ForeColor, 12345);
-        }
-}
-
-TEST(SurfaceTest, BitBltCopiesWhatLiesInsideOfBoth) {
-    for (int n = 0; n < 20000 && !HasFailure(); ++n) {
-        const Surface source = Speckled(Between(1, 7), Between(1, 7), 1);
-        Surface target = Speckled(Between(1, 7), Between(1, 7), 0);
-        std::array<int, 6> numbers;
-        for (int& number : numbers) number = Between(-3, 6);
-        if (n % 4 == 0) numbers[n / 4 % 6] = Between(0, 1) ? INT_MIN : INT_MAX;
-        const auto& [x, y, width, height, fromX, fromY] = numbers;
-        BitBlt(target, x, y, width, height, source, fromX, fromY);
-        for (int row = 0; row < target.Height(); ++row)
-            for (int column = 0; column < target.Width(); ++column) {
-                const double right = 0.0 + column - x, down = 0.0 + row - y;
-                const bool wanted = right >= 0 && right < width && down >= 0 && down < height;
-                const Colour copied = wanted ? source.Point(fromX + right, fromY + down) : Surface::NoColour;
-                const Colour expected = copied == Surface::NoColour ? Rgb(column, row, 0) : copied;
-                EXPECT_EQ(target.Point(column, row), expected) << testing::PrintToString(numbers);
-            }
-    }
-}
-
-TEST(SurfaceTest, ClsAndResizeGiveTheBackgroundAndKeepTheRest) {
-    EXPECT_EQ(PictureOf(Surface(0, -3, Ground)), ".\n");
-    Surface surface(5, 5, Ground);
-    const Shape square = {{0, 0}, {3, 0}, {3, 3}, {0, 3}};
-    Draw(surface, square);
-    surface.Resize(3, 6);
-    EXPECT_EQ(PictureOf(surface), "###\n#++\n#++\n###\n...\n...\n");
-    surface.Resize(6, 2);
-    EXPECT_EQ(PictureOf(surface), "###...\n#++...\n");
-    surface.BackColor = Inside;
-    surface.Cls();
-    surface.Resize(6, 3);
-    surface.FillColor = Ground;
-    Polygon(surface, square);
-    EXPECT_EQ(PictureOf(surface), "####++\n#..#++\n#..#++\n");
-}
-
-/// The first row and the one after the last; 0 and 0 for none.
-std::pair<int, int> Ends(RowRange rows) {
-    return rows.Empty() ? std::pair(0, 0) : std::pair(rows.First, rows.Last);
-}
-
-/// Holds the rows that are said to have changed against the pixels.
-void ExpectRowsChanged(Surface& surface, const Surface& before) {
-    RowRange changed;
-    for (int y = 0; y < surface.Height(); ++y)
-        if (!std::equal(surface.Row(y), surface.Row(y) + surface.Width(), before.Row(y)))
-            changed.Include({y, y + 1});
-    EXPECT_EQ(Ends(surface.TakeChangedRows()), Ends(changed));
-}
-
-TEST(ChangedRowsTest, AreThoseThatWereDrawnOn) {
-    for (const Shape& shape : RandomShapes(1000)) {
-        Surface drawn(70, Between(1, 40), Ground);
-        drawn.TakeChangedRows();
-        const Surface bare = drawn, image(40, Between(1, 40), Outline);
-        Surface copied = bare;
-        Draw(drawn, Moved(shape, 10, 0));
-        ExpectRowsChanged(drawn, bare);
-        BitBlt(copied, 0, shape[0].Y, 40, 20, image, 0, Between(-20, 20));
-        ExpectRowsChanged(copied, bare);
-        ASSERT_FALSE(HasFailure()) << testing::PrintToString(shape);
-    }
-}
-
-TEST(ChangedRowsTest, AreDueWhenRefreshedAndHandedOverOnce) {
-    Surface surface(8, 20, Ground);
-    const auto draw = [&](int row) { surface.Line(2, row, 3, row, Outline); };
-    EXPECT_EQ(Ends(surface.TakeChangedRows()), std::pair(0, 20));
+    Surface surface(8, 20);
+    const auto draw = [&](int row) { surface.Line(2, row, 3, row, Rgb(1, 2, 3)); };
+    EXPECT_EQ(ends(surface.TakeChangedRows()), std::pair(0, 20));
     draw(7);
-    EXPECT_EQ(Ends(surface.TakeDueRows()), std::pair(0, 0));
+    EXPECT_EQ(ends(surface.TakeDueRows()), std::pair(0, 0));
     surface.Refresh();
     draw(9);
-    EXPECT_EQ(Ends(surface.TakeDueRows()), std::pair(7, 8));
-    EXPECT_EQ(Ends(surface.TakeChangedRows()), std::pair(9, 10));
+    EXPECT_EQ(ends(surface.TakeDueRows()), std::pair(7, 8));
+    EXPECT_EQ(ends(surface.TakeChangedRows()), std::pair(9, 10));
     draw(14);
     surface.Refresh();
     draw(12);
-    EXPECT_EQ(Ends(surface.TakeChangedRows()), std::pair(12, 15));
-    EXPECT_EQ(surface.RefreshCount(), 2);
-    surface.Cls();
-    surface.Refresh();
-    surface.Resize(8, 6);
-    EXPECT_EQ(Ends(surface.TakeDueRows()), std::pair(0, 0));
-    EXPECT_EQ(Ends(surface.TakeChangedRows()), std::pair(0, 6));
-    surface.Cls();
-    EXPECT_EQ(Ends(surface.TakeChangedRows()), std::pair(0, 6));
+    EXPECT_EQ(ends(surface.TakeChangedRows()), std::pair(12, 15));
 }
 
 } // namespace

@@ -1,0 +1,143 @@
+// Pictures of the game against the plain surface: every shipped figure at every level and on every page of
+// both views.
+#include "core/board_window.h"
+#include "core/game_state.h"
+#include "core/panel_window.h"
+#include "platform_scripted/scripted_desktop.h"
+#include "reference.h"
+#include "shell/all_shapes.h"
+#include "shell/control_panel.h"
+#include "shell/events.h"
+#include "shell/print_shapes.h"
+
+#include <cmath>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class FigureTest : public testing::Test {
+  protected:
+    FigureTest() {
+        fs::create_directories(Folder);
+        fs::copy(DATA_FOLDER "/QUILLET.qui", Folder, fs::copy_options::overwrite_existing);
+        DesignWindows();
+        EXPECT_TRUE(StartProgram(FormMain, Folder));
+    }
+    ~FigureTest() override { fs::remove_all(Folder); }
+
+    fs::path Folder = fs::temp_directory_path() / ("quillets-figures-" + std::to_string(::getpid()));
+};
+
+/// The piece of the quillet, its corners taken through both functions.
+template <typename ToX, typename ToY>
+Shape Placed(int piece, int quillet, ToX toX, ToY toY) {
+    const auto q = static_cast<std::size_t>(quillet), turn = static_cast<std::size_t>(Game.SolTurn[piece][q]);
+    Shape shape;
+    for (std::size_t corner = 1; corner < 8; corner += 2)
+        shape.push_back({toX(Game.SolX[piece][q] + Game.PieceShape[corner][piece][turn]),
+                         toY(Game.SolY[piece][q] + Game.PieceShape[corner + 1][piece][turn])});
+    return shape;
+}
+
+Shape ShiftedBy(int shiftX, int shiftY, int piece, int quillet) {
+    return Placed(
+        piece, quillet, [&](Number x) { return shiftX + NearestInt32(x); },
+        [&](Number y) { return shiftY + NearestInt32(y); });
+}
+
+/// The panel's box is 233 by 240; the figure is drawn at (5, 14) and then moved to the middle.
+void ExpectTarget(int quillet, int level) {
+    Reference stage(600, 600, ButtonFace),
+        target(Form1.TargetQui[1].Image.Width(), Form1.TargetQui[1].Image.Height(), ButtonFace);
+    Vertex end;
+    for (int p = 0; p < PieceCount; ++p) {
+        const Shape shape = ShiftedBy(5, 14, p, quillet);
+        for (const Vertex v : shape) end = {std::max(end.X, v.X), std::max(end.Y, v.Y)};
+        const Colour ink = level == VeryEasyLevel ? Game.PieceRGB[p] : 0;
+        stage.Draw(shape, ink, ink);
+    }
+    const double boxWidth = 3500.0F / 15, offX = (boxWidth - end.X) / 2, offY = (240.0 - end.Y) / 2;
+    const int left = NearestInt32(offX), top = NearestInt32(offY);
+    const int width = NearestInt32(boxWidth - offX), height = NearestInt32(240 - offY);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) target.Set(left + x, top + y, stage.At(x, y));
+    ExpectSame(Form1.TargetQui[1].Image, target);
+}
+
+/// The figure as Copy lays it, 60 pixels from the corner.
+void ExpectBoard(int quillet, int level) {
+    Reference board(350, 390, Game.BoardColor),
+        picks(FormMain.Image.Width(), FormMain.Image.Height(), FormMain.Image.BackColor);
+    for (int p = 0; p < PieceCount; ++p) {
+        const Shape shape = ShiftedBy(60, 60, p, quillet);
+        const Colour matched = Game.TurnMatched[p] == Game.FlagOn ? Rgb(0, 128, 128) : 0;
+        board.Draw(shape, 0, level == VeryEasyLevel ? Game.PieceRGB[p] : level == EasyLevel ? matched : 0);
+        picks.Draw(shape, Game.BoardColor, Game.PieceRGB[p]);
+    }
+    ExpectSame(FormMain.Picture1.Image, board);
+    ExpectSame(FormMain.Image, picks);
+}
+
+TEST_F(FigureTest, BoardPicksAndTargetAreDrawnByTheRuleAtEveryLevel) {
+    for (const int level : {NormalLevel, EasyLevel, VeryEasyLevel}) {
+        PressButton(Form1.MenuButx[static_cast<std::size_t>(17 - level)]);
+        for (int quillet = 1; quillet <= Game.QuilletCount; ++quillet) {
+            SelectQuillet(quillet);
+            ASSERT_NO_FATAL_FAILURE(ExpectTarget(quillet, level)) << quillet;
+            PressButton(Form1.MenuButx[5]);
+            ASSERT_NO_FATAL_FAILURE(ExpectBoard(quillet, level)) << quillet;
+        }
+    }
+}
+
+/// What the pages of a view have in common; lengths in pixels.
+struct Layout {
+    int Columns, Rows;
+    float Scale;
+    int Cell;
+    double ColumnPitch;
+};
+
+/// The lines of a cell are drawn anew with each piece, light ones and dark ones beside them.
+void ExpectPage(const Form& page, const Layout& layout, int before, Colour edge, Colour inside) {
+    Reference reference(page.Image.Width(), page.Image.Height(), page.Image.BackColor);
+    const auto scaled = [&](Number n) { return std::floor(layout.Scale * (n + 1)); };
+    for (int n = 0; n < layout.Columns * layout.Rows && before + n < Game.QuilletCount; ++n)
+        for (int p = 0; p < PieceCount; ++p) {
+            const int column = n % layout.Columns, row = n / layout.Columns;
+            const double left = layout.Cell * column, right = left + layout.Cell,
+                         bottom = layout.Cell * (row + 1);
+            reference.Box(left, 0, right, bottom, Rgb(255, 255, 255));
+            reference.Box(left + 8 / 15.0, 8 / 15.0, right + 8 / 15.0, bottom + 8 / 15.0, Rgb(128, 128, 128));
+            const Shape shape = Placed(
+                p, before + n + 1,
+                [&](Number x) { return NearestInt32(scaled(x) + 100.0F / 15 + layout.ColumnPitch * column); },
+                [&](Number y) { return NearestInt32(scaled(y) + 7 + layout.Cell * row); });
+            reference.Draw(shape, edge, inside);
+        }
+    ExpectSame(page.Image, reference);
+}
+
+TEST_F(FigureTest, EveryPageOfBothViewsIsDrawnByTheRule) {
+    const Colour grey = Rgb(100, 100, 100), white = Rgb(255, 255, 255);
+    PressButton(Form1.MenuButx[0]);
+    for (int before = 0; before <= AllShapes.VScroll1.Max; before += 8) {
+        ScrollTo(AllShapes.VScroll1, before);
+        ExpectPage(AllShapes, {8, 8, 0.18F, 48, 49.5}, before, AllShapes.Image.ForeColor,
+                   AllShapes.Image.FillColor);
+    }
+    HideForm(AllShapes); // or Print would leave the page to it
+    ChooseMenuItem(Form1, "Print");
+    for (int before = 0; before <= PrintShapes.VScroll1.Max; before += 20)
+        for (const auto& [item, edge] : {std::pair("Show Shape", grey), {"Show Solution", white}}) {
+            ScrollTo(PrintShapes.VScroll1, before);
+            ChooseMenuItem(PrintShapes, item);
+            ExpectPage(PrintShapes, {5, 4, 0.54F, 144, 148.5}, before, edge, grey);
+        }
+}
+
+} // namespace
