@@ -2,175 +2,106 @@
 #include "files/collection_reader.h"
 #include "game_on_script.h"
 
-#include <sstream>
-
 namespace {
 
 class CollectionReaderTest : public GameTest {
   protected:
     /// The shipped head with one line replaced.
-    static std::string HeadWithLine(int number, const std::string& line) {
-        std::istringstream head(ShippedHead());
+    static std::string HeadWith(int number, const std::string& line) {
+        std::istringstream head(ShippedHead);
         std::string result, next;
         for (int n = 1; std::getline(head, next); ++n) result += n == number ? line + "\r\n" : next + "\n";
         return result;
     }
 
-    /// Starts with this text as the collection; the message that ended the start, without its first line.
-    std::string FaultAtStart(const std::string& text) {
-        Desktop = ScriptedDesktop{};
-        WriteText(Folder / "QUILLET.qui", text);
-        if (Start()) return "no fault";
-        const std::string intro =
-            "Quillet shapes file cannot be read:\n\r" + (Folder / "QUILLET.qui").string() + "\n\r";
-        const std::string message = Desktop.Boxes.size() == 1 ? Desktop.Boxes[0].Text : "not one box";
-        return message.starts_with(intro) ? message.substr(intro.size()) : message;
+    std::string StartOn(const std::string& text) {
+        WriteText(In("QUILLET.qui"), text);
+        return CallsOf([&] { Start(); });
     }
+
+    const std::string Shown = "show Form1; show FormMain";
 };
 
-TEST_F(CollectionReaderTest, AShapeRowIsScaledByItsUnitAndItsShiftsByTheStraightOne) {
-    WriteText(Folder / "QUILLET.qui",
-              HeadWithLine(8, "9,-0.5, 1.5 ,1.49,9,9,0,0,4,0,2,-2,2.5,2,0,0,-0.1,0.99"));
-    ASSERT_TRUE(Start());
-    EXPECT_EQ(Game.PieceWidth[0][0], 51);
-    EXPECT_EQ(Game.PieceHeight[0][0], 50);
-    EXPECT_EQ(Game.PieceShape[0][0][0], 0);
-    EXPECT_EQ(Game.PieceShape[3][0][0], 136);
-    EXPECT_EQ(Game.PieceShape[6][0][0], -68);
-    EXPECT_EQ(Game.PieceShape[7][0][0], 68); // 2.5, ties to even, before it is scaled
-    EXPECT_EQ(Game.TurnShiftX[0][0], -3);
-    EXPECT_EQ(Game.TurnShiftY[0][0], 23);
-    for (const char* straight : {"0,0,", "0,1,"}) {
-        WriteText(Folder / "QUILLET.qui",
-                  HeadWithLine(8, straight + std::string("1.5,1.5,0,0,0,0,4,0,2,2,2,2,0,0,1,1")));
-        ASSERT_TRUE(Start());
-        EXPECT_EQ(Game.PieceWidth[0][0], 36);
-        EXPECT_EQ(Game.TurnShiftX[0][0], 24);
-    }
+TEST_F(CollectionReaderTest, ARowIsScaledByItsUnitAndItsShiftsAndTheStartCellsByTheStraightOne) {
+    const auto expectRow = [this](const std::string& line, const std::vector<Number>& expected) {
+        EXPECT_EQ(StartOn(HeadWith(8, line)), Shown);
+        std::vector<Number> row = {Game.PieceWidth[0][0], Game.PieceHeight[0][0]};
+        for (const auto& coordinate : Game.PieceShape) row.push_back(coordinate[0][0]);
+        row.insert(row.end(), {Game.TurnShiftX[0][0], Number(Game.TurnShiftY[0][0])});
+        EXPECT_EQ(row, expected);
+    };
+    expectRow("9,-0.5, 1.5 ,1.49,9,9,0,0,4,0,2,-2,2.5,2,0,0,-0.1,0.99",
+              {51, 50, 0, 0, 0, 136, 0, 68, -68, 68, 68, 0, 0, -3, 23});
+    for (const std::string straight : {"0,0,", "0,1,"})
+        expectRow(straight + "1.49,1.5,0,0,0,0,4,0,2,2,3.5,2,0,0,1,1",
+                  {35, 36, 0, 0, 0, 96, 0, 48, 48, 96, 48, 0, 0, 24, 24});
+    EXPECT_EQ(StartOn(HeadWith(1, "-1.5,2.125")), Shown);
+    EXPECT_EQ(std::pair(Game.HomeX[0], Game.HomeY[0]), std::pair(64., 151.));
 }
 
-TEST_F(CollectionReaderTest, StartCellsNeedNotBeWhole) {
-    WriteText(Folder / "QUILLET.qui", HeadWithLine(1, "-1.5,2.125"));
-    ASSERT_TRUE(Start());
-    EXPECT_EQ(Game.HomeX[0], 64);
-    EXPECT_EQ(Game.HomeY[0], 151);
+TEST_F(CollectionReaderTest, RecordsCountInFileOrderFromTheirCornersAndThoseNotAboveZeroAreSkipped) {
+    EXPECT_EQ(StartOn(ShippedHead + Records(1, "7,60,70", "1,61,75") + Records(1, "0,0,0", "2,2,2")
+                      + Records(1, "9,59.25,2.5", "3,60,5") + Records(1, "-3,0,0", "4,4,4")
+                      + Records(1, "0.5,-7,1.5", "5,0,5")),
+              Shown);
+    EXPECT_EQ(Game.QuilletCount, 3);
+    const auto place = [](int piece, std::size_t q) {
+        return std::array<Number, 3>{Game.SolTurn[piece][q], Game.SolX[piece][q],
+                                     Number(Game.SolY[piece][q])};
+    };
+    EXPECT_EQ(place(0, 1), (std::array<Number, 3>{1, 1, 5}));
+    EXPECT_EQ(place(6, 1), (std::array<Number, 3>{0, -60, -70}));
+    EXPECT_EQ(place(0, 2), (std::array<Number, 3>{3, 0.75, 2})); // 2.5 and 3.5: ties to even
+    EXPECT_EQ(place(0, 3), (std::array<Number, 3>{5, 7, 4}));
 }
 
-TEST_F(CollectionReaderTest, RecordsCountInFileOrderAndThoseNotAboveZeroAreSkipped) {
-    std::vector<Record> records(6);
-    const double numbers[] = {7, 0, 9, -3, 4, 0.5};
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        records[i].Number = numbers[i];
-        records[i].Pieces[6] = {1, 10.0 * static_cast<double>(i), 5};
-    }
-    PutCollection(records);
-    ASSERT_TRUE(Start());
-    EXPECT_EQ(Game.QuilletCount, 4);
-    EXPECT_EQ(Game.SolX[6][1], 0);
-    EXPECT_EQ(Game.SolX[6][2], 20);
-    EXPECT_EQ(Game.SolX[6][3], 40);
-    EXPECT_EQ(Game.SolX[6][4], 50);
-}
-
-TEST_F(CollectionReaderTest, PlacesCountFromTheFiguresCorner) {
-    Record here, there, fractional;
-    for (int p = 0; p < PieceCount; ++p) {
-        here.Pieces[p] = {0, 60.0 + p, 70.0 + 2 * p};
-        there.Pieces[p] = {0, 90.0 + p, 20.0 + 2 * p};
-        fractional.Pieces[p] = {0, 60, 5.0 + p};
-    }
-    here.Left = 60, here.Top = 70;
-    there.Left = 90, there.Top = 20;
-    fractional.Left = 59.25, fractional.Top = 2.5;
-    PutCollection({here, there, fractional});
-    ASSERT_TRUE(Start());
-    for (int p = 0; p < PieceCount; ++p) {
-        EXPECT_EQ(Game.SolX[p][1], Game.SolX[p][2]);
-        EXPECT_EQ(Game.SolY[p][1], Game.SolY[p][2]);
-    }
-    EXPECT_EQ(Game.SolX[0][3], 0.75);
-    EXPECT_EQ(Game.SolY[0][3], 2); // 2.5, ties to even
-    EXPECT_EQ(Game.SolY[1][3], 4); // 3.5
-}
-
-TEST_F(CollectionReaderTest, LineEndsAndTheEndOfTheFileMayVary) {
-    const std::string record = TextOf(Record{});
-    std::string unixEnds = ShippedHead() + record;
+TEST_F(CollectionReaderTest, LineEndsAndTheEndOfTheFileMayVaryAndFiveHundredLoad) {
+    const std::string text = ShippedHead + Records(1), ended = text.substr(0, text.size() - 2);
+    std::string unixEnds = text;
     std::erase(unixEnds, '\r');
-    for (const std::string& text :
-         {ShippedHead() + record, unixEnds, ShippedHead() + record.substr(0, record.size() - 2),
-          ShippedHead() + record + "\r\n\r\n", ShippedHead() + "\r\n \r\n" + record, unixEnds + "\n \n\n"}) {
-        EXPECT_EQ(FaultAtStart(text), "no fault");
+    for (const std::string& variant : {text, unixEnds, ended, ended + "\r", text + "\r\n\r\n",
+                                       unixEnds + "\n \n\n", ShippedHead + "\r\n \r\n" + Records(1)}) {
+        EXPECT_EQ(StartOn(variant), Shown);
         EXPECT_EQ(Game.QuilletCount, 1);
     }
-}
-
-TEST_F(CollectionReaderTest, FiveHundredQuilletsLoadAndOneMoreEndsTheProgram) {
-    PutCollection(std::vector<Record>(500));
-    ASSERT_TRUE(Start());
+    EXPECT_EQ(StartOn(text + Records(1, "0,0,0") + Records(499)), Shown);
     EXPECT_EQ(Game.QuilletCount, 500);
-    PutCollection(std::vector<Record>(501));
-    const std::string before = ReadText(Folder / "QUILLET.qui");
-    EXPECT_FALSE(Start());
-    EXPECT_EQ(Desktop.Boxes.at(0).Text, "Cannot handle more than 500 Quillets");
-    EXPECT_EQ(ReadText(Folder / "QUILLET.qui"), before);
-    std::vector<Record> skipped(501);
-    skipped[250].Number = 0;
-    PutCollection(skipped);
-    EXPECT_TRUE(Start());
+    EXPECT_EQ(StartOn(ShippedHead + Records(501)), "box Cannot handle more than 500 Quillets; end");
 }
 
-TEST_F(CollectionReaderTest, AMalformedFileIsRefusedWithItsLineAndFault) {
-    const std::string good = TextOf(Record{});
-    const auto record = [&](const std::string& text) { return ShippedHead() + good + text; };
-    Record wide;
-    wide.Pieces[0] = {0, 40000, 0};
-    Record turned;
-    turned.Pieces[3] = {8, 0, 0};
-    Record low;
-    low.Top = -32768;
-    low.Pieces[0] = {0, 0, 1};
-    struct Case {
-        std::string Text, Fault;
-    };
-    const Case cases[] = {
-        {"no collection at all", "Line 1: \"no collection at all\" is not a number."},
-        {"1,2\n3", "Line 2: the file ends where a number is expected."},
-        {HeadWithLine(3, "4;5"), "Line 3: \"4;5\" is not a number."},
-        {HeadWithLine(3, "4,\t"), "Line 3: a number is missing."},
-        {HeadWithLine(9, "1,-1,4,2,0,0,2,0,4,9999,0,2,0,2,2,0,1,1"), "Line 9: a number is out of range."},
-        {HeadWithLine(9, "1,-1,inf,2,0,0,2,0,4,9,0,2,0,2,2,0,1,1"), "Line 9: \"inf\" is not a number."},
-        {HeadWithLine(65, "") + good, "Line 65: a text is missing."},
-        {HeadWithLine(65, "one, two"), "Line 65: a record has 24 numbers."},
-        {ShippedHead().substr(0, ShippedHead().size() - 9), "Line 65: the file is too short."},
-        {record("2,0,0,1\r\n"), "Line 67: a record has 24 numbers."},
-        {record("2,0," + good.substr(2) + good), "Line 67: a record has 24 numbers."},
-        {HeadWithLine(2, "1e10,2"), "Line 2: a number is out of range."},
-        {record("2,0,0,\x01x\xff" + good.substr(7)), "Line 67: \"?x?\" is not a number."},
-        {record("2," + std::string(30, 'a') + good.substr(3)),
-         "Line 67: \"aaaaaaaaaaaaaaaaaaaa...\" is not a number."},
-        {record(TextOf(wide)), "Line 67: a number is out of range."},
-        {record(TextOf(low)), "Line 67: a number is out of range."},
-        {record(TextOf(turned)), "Line 67: a turn is not 0 to 7."},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.Fault);
-        EXPECT_EQ(FaultAtStart(c.Text), c.Fault);
-        EXPECT_FALSE(Form1.Visible);
+TEST_F(CollectionReaderTest, AMalformedFileIsRefusedWithItsLineAndFaultAndTheTablesStay) {
+    const std::string good = ShippedHead + Records(1);
+    const std::pair<std::string, std::string> cases[] = {
+        {"no collection at all", "1: \"no collection at all\" is not a number"},
+        {"1,2\n3", "2: the file ends where a number is expected"},
+        {HeadWith(3, "4;5"), "3: \"4;5\" is not a number"},
+        {HeadWith(3, "4,\t"), "3: a number is missing"},
+        {HeadWith(2, "1e10,2"), "2: a number is out of range"},
+        {HeadWith(9, "1,-1,4,2,0,0,2,0,4,9999,0,2,0,2,2,0,1,1"), "9: a number is out of range"},
+        {HeadWith(9, "1,-1,inf,2,0,0,2,0,4,9,0,2,0,2,2,0,1,1"), "9: \"inf\" is not a number"},
+        {HeadWith(65, "") + Records(1), "65: a text is missing"},
+        {HeadWith(65, "one, two"), "65: a record has 24 numbers"},
+        {ShippedHead.substr(0, ShippedHead.size() - 9), "65: the file is too short"},
+        {good + "2,0,0,1\r\n", "67: a record has 24 numbers"},
+        {good + "2,0," + Records(1), "67: a record has 24 numbers"},
+        {good + Records(1, "2,0,\x01x\xff"), "67: \"?x?\" is not a number"},
+        {good + Records(1, "2,0," + std::string(30, 'a')), "67: \"aaaaaaaaaaaaaaaaaaaa...\" is not a number"},
+        {good + Records(1, "2,0,0", "0,40000,0"), "67: a number is out of range"},
+        {good + Records(1, "2,0,-32768", "0,0,1"), "67: a number is out of range"},
+        {good + Records(1, "2,0,0", "8,0,0"), "67: a turn is not 0 to 7"},
+        {good + Records(1, "2,0,0", "-1,0,0"), "67: a turn is not 0 to 7"}};
+    for (const auto& [text, fault] : cases) {
+        const std::string box = "box Quillet shapes file cannot be read:/QUILLET.qui/Line " + fault + ".";
+        EXPECT_EQ(StartOn(text), box + "; end");
+        PutFiveFigures();
+        ASSERT_TRUE(Start());
+        const auto tables =
+            std::tuple(Game.QuilletCount, Game.SolTurn, Game.SolX, Game.SolY, Game.PieceShape);
+        WriteText(In("QUILLET.qui"), text);
+        EXPECT_EQ(CallsOf([] { EXPECT_FALSE(LoadQuillets()); }), box);
+        EXPECT_TRUE(tables
+                    == std::tuple(Game.QuilletCount, Game.SolTurn, Game.SolX, Game.SolY, Game.PieceShape));
     }
-}
-
-TEST_F(CollectionReaderTest, ABrokenFileLeavesTheTablesAsTheyWere) {
-    Record figure;
-    figure.Pieces[2] = {3, 30, 40};
-    PutCollection({figure, figure});
-    ASSERT_TRUE(Start());
-    const auto solX = Game.SolX;
-    PutCollection({Record{}, Record{}, Record{}});
-    WriteText(Folder / "QUILLET.qui", ReadText(Folder / "QUILLET.qui") + "4,0,0,oops");
-    EXPECT_FALSE(LoadQuillets());
-    EXPECT_EQ(Game.QuilletCount, 2);
-    EXPECT_EQ(Game.SolX, solX);
 }
 
 } // namespace

@@ -1,76 +1,241 @@
-// Starts the game on the scripted desktop, in a folder of its own, and plays it with the mouse.
+// Starts the game on the scripted desktop, in a folder of its own, plays it with mouse, keys and buttons, and
+// tells as text what is to be seen and what was asked of the desktop.
 #pragma once
 
+#include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "core/panel_window.h"
+#include "core/piece_geometry.h"
 #include "platform_scripted/scripted_desktop.h"
+#include "shell/control_panel.h"
+#include "shell/events.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
-#include <string>
-#include <vector>
+#include <iterator>
+#include <sstream>
+#include <unistd.h>
 
-/// A quillet as it stands in a collection file.
-struct Record {
-    double Number = 1;
-    double Left = 0;
-    double Top = 0;
-    /// Turn, x and y of each piece.
-    std::array<std::array<double, 3>, PieceCount> Pieces{};
-};
+inline std::string ReadText(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
-std::string TextOf(const Record& record);
+inline void WriteText(const std::string& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+inline std::string Replaced(std::string text, const std::string& what, const std::string& with) {
+    for (std::size_t at; (at = text.find(what)) != std::string::npos;) text.replace(at, what.size(), with);
+    return text;
+}
 
 /// Lines 1 to 65 of the shipped collection.
-const std::string& ShippedHead();
+inline const std::string ShippedHead = [] {
+    const std::string text = ReadText(DATA_FOLDER "/QUILLET.qui");
+    std::size_t end = 0;
+    for (int line = 1; line <= 65; ++line) end = text.find('\n', end) + 1;
+    return text.substr(0, end);
+}();
 
 /// Five records, the same whatever the shipped collection comes to hold.
-extern const std::string FiveFigures;
+inline const std::string FiveFigures =
+    "1,60,60,3,60,60,5,60,60,7,162,60,1,128,94,1,94,128,3,128,128,3,60,162\r\n"
+    "2,60,60,0,108,156,4,108,156,6,204,156,0,204,204,4,60,204,0,108,108,4,156,60\r\n"
+    "3,60,60,0,60,60,4,60,60,4,204,108,0,156,108,6,156,60,4,156,60,2,204,60\r\n"
+    "4,60,60,4,60,108,6,156,108,2,60,204,0,156,60,6,108,204,4,108,204,4,156,204\r\n"
+    "5,60,60,6,60,60,6,156,156,4,108,204,0,60,204,6,60,156,4,60,156,2,108,156\r\n";
 
-std::string ReadText(const std::filesystem::path& path);
-void WriteText(const std::filesystem::path& path, const std::string& text);
+/// Records that start with these three numbers; all pieces lie at (0, 0) in turn 0 but piece 0.
+inline std::string Records(int count, const std::string& start = "1,0,0",
+                           const std::string& piece0 = "0,0,0") {
+    std::string text;
+    while (count-- > 0) text += start + "," + piece0 + ",0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
+    return text;
+}
+
+/// x, y and turn of each piece.
+using Places = PerPiece<std::array<Number, 3>>;
+
+constexpr int Square = 3;
 
 /// Each test has an empty program folder, and starts the game there when it is ready to.
 class GameTest : public testing::Test {
   protected:
-    GameTest();
-    ~GameTest() override;
+    GameTest() {
+        std::filesystem::remove_all(Folder);
+        std::filesystem::create_directories(Folder);
+        std::filesystem::current_path(Folder);
+        Desktop = ScriptedDesktop{};
+    }
+    ~GameTest() override {
+        std::filesystem::current_path(Folder.parent_path());
+        std::filesystem::remove_all(Folder);
+    }
 
-    void PutCollection(const std::vector<Record>& records);
-    void PutFiveFigures();
-    void PutShippedCollection();
+    std::string In(const std::string& name) const { return (Folder / name).string(); }
+    void PutFiveFigures() { WriteText(In("QUILLET.qui"), ShippedHead + FiveFigures); }
 
     /// True when the game is up; false when it ended itself.
-    bool Start();
+    bool Start() {
+        Game = GameState{};
+        DesignWindows();
+        return StartProgram(FormMain, Folder.string());
+    }
 
-    std::filesystem::path Folder;
+    /// Starts with these records, the first of them shown, and with the sound on.
+    void StartWith(const std::string& records) {
+        WriteText(In("QUILLET.qui"), ShippedHead + records);
+        EXPECT_TRUE(Start());
+        PressButton(Button("Sound"));
+        SelectQuillet(1);
+    }
+
+    /// All that the player sees and that play goes by: pieces, texts, latches, and a sum of both pictures and
+    /// of what can be picked.
+    static std::string Scene() {
+        std::ostringstream text;
+        text << "quillet " << Game.CurrentQuillet << " level " << Game.PlayLevel << " shown "
+             << Game.SolutionShown << " last " << Game.LastPiece << " active " << Game.ActivePiece
+             << " enabled " << Board.Enabled << "\n"
+             << FormMain.Caption << "; " << FormMain.PStandard.Caption << "; " << Form1.TarQui.Caption
+             << "\n";
+        for (const auto& [x, y, turn] : PlacesNow()) text << x << ',' << y << " turn " << turn << "; ";
+        for (const TileButton& button : Form1.MenuButx) text << (button.Latched ? button.ToolTipText : "");
+        std::size_t sum = 0;
+        for (int y = 0; y < 390; ++y)
+            for (int x = 0; x < 350; ++x)
+                for (const int seen : {PickedAt({x, y}), Shown(x, y), Form1.TargetQui[1].Image.Point(x, y)})
+                    sum = 31 * sum + static_cast<std::size_t>(seen);
+        text << "\nsum of the pictures " << sum;
+        return text.str();
+    }
+
+    /// The scene is the one of these pieces drawn on clean surfaces.
+    static void ExpectCleanPicture() {
+        const std::string scene = Scene();
+        Lay(PlacesNow());
+        EXPECT_EQ(Scene(), scene);
+    }
+
+    /// All that the box bears; "/" stands for the line break of messages.
+    static std::string Told(const BoxCall& box) {
+        static constexpr const char* Buttons[] = {"", " [OK, Cancel]", " [Yes, No]"};
+        static constexpr const char* Icons[] = {"", " information", " warning"};
+        return "box " + Replaced(box.Text, "\n\r", "/") + Buttons[static_cast<int>(box.Buttons)]
+               + Icons[static_cast<int>(box.Icon)] + (box.Preset == BoxDefault::Second ? " second" : "")
+               + (box.Title.empty() ? "" : " by " + box.Title);
+    }
+
+    /// What an event asks of the desktop, in its order: "cue NAME", "box TEXT", "show NAME" and so on,
+    /// without the folder.
+    static std::string CallsOf(const std::function<void()>& event) {
+        Desktop.Calls.clear();
+        Desktop.Boxes.clear();
+        Deliver(event);
+        std::string calls;
+        auto box = Desktop.Boxes.begin();
+        for (const std::string& call : Desktop.Calls)
+            calls += (calls.empty() ? "" : "; ") + (call.starts_with("box ") ? Told(*box++) : call);
+        calls = Replaced(calls, Desktop.Folder + "/", "");
+        return Replaced(Replaced(calls, "media play ", "cue "), ".wav", "");
+    }
+    static std::string CallsOfButton(const std::string& command) {
+        return CallsOf([&] { PressButton(Button(command)); });
+    }
+    static std::string CallsOfMenu(const std::string& item) {
+        return CallsOf([&] { ChooseMenuItem(Form1, item); });
+    }
+    static TileButton& Button(const std::string& command) {
+        return *std::find_if(Form1.MenuButx.begin(), Form1.MenuButx.end(),
+                             [&](const TileButton& button) { return button.ToolTipText == command; });
+    }
+
+    template <typename PlaceOf>
+    static Places PlacesBy(PlaceOf placeOf) {
+        Places places;
+        for (int p = 0; p < PieceCount; ++p) places[p] = placeOf(p);
+        return places;
+    }
+    static Places PlacesNow() {
+        return PlacesBy([](int p) { return std::array{Game.PieceX[p], Game.PieceY[p], Game.PieceTurn[p]}; });
+    }
+    static Places HomePlaces() {
+        return PlacesBy([](int p) {
+            return std::array{Game.HomeX[p], Game.HomeY[p], Number(Game.HomeTurn[p])};
+        });
+    }
+
+    /// Set the pieces without any event, on clean surfaces; the solution with its corner at (left, top).
+    static void Lay(const Places& places) {
+        for (int p = 0; p < PieceCount; ++p) {
+            const auto& [x, y, turn] = places[p];
+            Game.PieceX[p] = x, Game.PieceY[p] = y, Game.PieceTurn[p] = turn;
+        }
+        FormMain.Image.Cls();
+        Board.Image.Cls();
+        DrawAllPieces();
+    }
+    static void LaySolution(double left, double top) {
+        const auto q = static_cast<std::size_t>(Game.CurrentQuillet);
+        Lay(PlacesBy([&](int p) {
+            return std::array{left + Game.SolX[p][q], top + Game.SolY[p][q], Game.SolTurn[p][q]};
+        }));
+    }
+
+    /// A pixel of the board well inside the piece, and one where it can be taken even if others lie there.
+    static Vertex InsideOf(int piece) {
+        PolygonPoints polygon;
+        BuildPolygon(piece, NearestInt16(Game.PieceTurn[piece]), Game.BoardX0 + Game.PieceX[piece],
+                     Game.BoardY0 + Game.PieceY[piece], polygon);
+        // Halfway between two middles of sides: inside of any of the seven outlines.
+        const auto& [a, b, c] = std::tie(polygon[0], polygon[1], polygon[2]);
+        return {(a.X + 2 * b.X + c.X) / 4, (a.Y + 2 * b.Y + c.Y) / 4};
+    }
+    static Vertex GripOf(int piece) {
+        Vertex grip = InsideOf(piece);
+        for (int n = 0; PickedAt(grip) != piece && n < 350 * 390; ++n) grip = {n % 350, n / 350};
+        return grip;
+    }
+
+    static Colour Shown(int x, int y) { return Board.Image.Point(x, y); }
+    static Colour ColourOf(int piece) { return Shown(InsideOf(piece).X, InsideOf(piece).Y); }
+    /// The piece whose key colour the pick map shows at the pixel; -1 for none.
+    static int PickedAt(Vertex pixel) {
+        const Colour colour = FormMain.Image.Point(pixel.X, pixel.Y);
+        const auto found = std::find(Game.PieceRGB.begin(), Game.PieceRGB.end(), colour);
+        return found == Game.PieceRGB.end() ? -1 : static_cast<int>(found - Game.PieceRGB.begin());
+    }
+
+    static void Press(int button, Vertex v) {
+        MouseDown(Board, NearestInt16(button), float(v.X), float(v.Y));
+    }
+    static void MoveTo(Vertex v) { MouseMove(Board, 0, float(v.X), float(v.Y)); }
+    static void Release(int button, Vertex v) {
+        MouseUp(Board, NearestInt16(button), float(v.X), float(v.Y));
+    }
+    static void Key(int code, int shift = 0) { KeyDown(Board, NearestInt16(code), NearestInt16(shift)); }
+    static void TurnByMouse(int piece) { Press(2, GripOf(piece)), Release(2, GripOf(piece)); }
+
+    /// Drags the piece so that its reference point comes to (x, y), in steps, and drops it.
+    static void DragTo(int piece, double x, double y) {
+        const Vertex grip = GripOf(piece);
+        const int dx = NearestInt32(x - Game.PieceX[piece]), dy = NearestInt32(y - Game.PieceY[piece]);
+        Press(1, grip);
+        for (const int quarters : {0, 2, 4}) MoveTo({grip.X + dx * quarters / 4, grip.Y + dy * quarters / 4});
+        Release(1, {grip.X + dx, grip.Y + dy});
+    }
+
+    static inline Picture& Board = FormMain.Picture1;
+    const std::filesystem::path Folder =
+        std::filesystem::temp_directory_path() / ("quillets-test-" + std::to_string(::getpid()));
 };
 
-/// A pixel of the board well inside the piece.
-Vertex InsideOf(int piece);
-
-/// A pixel where the piece can be taken, even if others lie over its middle.
-Vertex GripOf(int piece);
-
-/// The piece whose key colour the pick map shows at the pixel; -1 for none.
-int PickedAt(Vertex pixel);
-
-/// Drags the piece so that its reference point comes to (x, y), in steps, and drops it.
-void DragTo(int piece, double x, double y);
-
-/// A right press and release on the piece.
-void TurnByMouse(int piece);
-
-/// Sets the pieces as the shown quillet has them, its corner at (left, top), without any event.
-void LaySolution(double left, double top);
-
-/// Turns and drags the pieces into the shown quillet with the mouse alone, its corner at (left, top).
-void BuildFigure(double left, double top);
-
-/// The sound of the game, switched on without a press.
-void SwitchSoundOn();
-
-/// The media commands since the last call, as bare cue names or whole commands.
-std::vector<std::string> TakeCues();
+/// The first of five figures is shown, and the sound is on.
+class RunningGame : public GameTest {
+  protected:
+    RunningGame() { StartWith(FiveFigures); }
+};

@@ -1,239 +1,118 @@
 // What counts as solved, what a win does, and that nobody is ever left with a dead board.
-#include "core/board_rendering.h"
 #include "core/solution_check.h"
 #include "game_on_script.h"
-#include "play/win_flow.h"
 
 namespace {
 
-class SolutionTest : public GameTest {
+const std::string Applause = "cue clap4; box You got it - congratulations; cue whoosh1";
+
+class SolutionTest : public RunningGame {
   protected:
-    SolutionTest() {
-        PutFiveFigures();
-        EXPECT_TRUE(Start());
-        Choose(1);
-        SwitchSoundOn();
-    }
-
-    static void Choose(int quillet) {
-        Game.CurrentQuillet = quillet;
-        ShowQuillet();
-        ResetPieces();
-    }
-
-    /// Runs the check on the present arrangement, and makes the board usable again.
-    static bool Solved() {
+    static bool Solved(const Places& places) {
+        Lay(places);
         CheckSolution();
-        const bool disabled = !FormMain.Picture1.Enabled;
-        EXPECT_EQ(disabled, Game.SolvedFlag == Game.FlagOn);
-        FormMain.Picture1.Enabled = true;
-        return disabled;
+        return Game.SolvedFlag == Game.FlagOn;
     }
 
-    static void Exchange(int a, int b) {
-        std::swap(Game.PieceX[a], Game.PieceX[b]);
-        std::swap(Game.PieceY[a], Game.PieceY[b]);
-        std::swap(Game.PieceTurn[a], Game.PieceTurn[b]);
+    /// Makes the shown quillet one whose places are all far from each other; these, at some corner.
+    static Places SpreadFigure() {
+        for (int p = 0; p < PieceCount; ++p)
+            Game.SolX[p][1] = 40 * p, Game.SolY[p][1] = NearestInt16(240 - 40 * p);
+        return PlacesBy([](int p) { return std::array{30 + Game.SolX[p][1], Game.SolY[p][1] - 200.5, 1.}; });
+    }
+
+    /// The last piece is black with grey edges where the solution has it, at (60, 70); no mouse is taken.
+    static void ExpectSolvedFigure() {
+        const auto q = static_cast<std::size_t>(Game.CurrentQuillet),
+                   turn = static_cast<std::size_t>(Game.SolTurn[6][q]);
+        const Number x = 70 + Game.SolX[6][q] + Game.PieceShape[1][6][turn],
+                     y = 80 + Game.SolY[6][q] + Game.PieceShape[2][6][turn];
+        EXPECT_EQ(std::pair(Board.Image.Point(x, y), ColourOf(6)), std::pair(QBColor(8), Game.BlackColor));
+        EXPECT_FALSE(Board.Enabled);
+    }
+
+    /// Turns and drags the pieces into the shown quillet with the mouse alone, its corner at (60, 70).
+    static void BuildFigure() {
+        const auto q = static_cast<std::size_t>(Game.CurrentQuillet);
+        for (int p = 0; p < PieceCount; ++p)
+            while (Game.PieceTurn[p] != Game.SolTurn[p][q]) TurnByMouse(p);
+        for (int p = 0; p < PieceCount; ++p) DragTo(p, 60 + Game.SolX[p][q], 70 + Game.SolY[p][q]);
     }
 };
 
-TEST_F(SolutionTest, OnlyDifferencesBetweenPiecesCount) {
-    for (const double left : {20.0, 90.5, -700.0}) {
-        LaySolution(left, left / 2);
-        EXPECT_TRUE(Solved());
-    }
-}
-
-TEST_F(SolutionTest, FifteenPixelsOffPassAndSixteenDoNot) {
+TEST_F(SolutionTest, EachPieceMayBeFifteenPixelsOffInEachDirectionAndTurnsPlayNoPart) {
     for (int p = 0; p < PieceCount; ++p)
-        for (const double way : {-1.0, 1.0}) {
-            SCOPED_TRACE(testing::Message() << "piece " << p << " way " << way);
-            // A piece that holds the least x or y takes the others' measure with it, so the rest is moved
-            // instead.
-            const auto shiftRest = [&](double dx, double dy) {
-                LaySolution(50, 50);
-                for (int other = 0; other < PieceCount; ++other) {
-                    if (other == p) continue;
-                    Game.PieceX[other] -= way * dx;
-                    Game.PieceY[other] -= way * dy;
-                }
-            };
-            shiftRest(15, 15);
-            const bool fifteen = Solved();
-            EXPECT_TRUE(fifteen);
-            shiftRest(31, 0);
-            EXPECT_FALSE(Solved());
-            shiftRest(0, 31);
-            EXPECT_FALSE(Solved());
-        }
-    // Two pieces off in opposite senses, each by the most allowed; then by one more.
-    LaySolution(50, 50);
-    const auto quillet = static_cast<std::size_t>(Game.CurrentQuillet);
-    int inner = 0; // a piece that holds neither least coordinate
-    while (Game.SolX[inner][quillet] == 0 || Game.SolY[inner][quillet] == 0) ++inner;
-    Game.PieceX[inner] += 15;
-    Game.PieceY[inner] -= 15;
-    EXPECT_TRUE(Solved());
-    Game.PieceX[inner] += 1;
-    EXPECT_FALSE(Solved());
-    Game.PieceX[inner] -= 1;
-    Game.PieceY[inner] -= 1;
-    EXPECT_FALSE(Solved());
-}
-
-TEST_F(SolutionTest, PairsMayBeExchangedEachByItselfAndNoOthers) {
-    for (int quillet = 1; quillet <= Game.QuilletCount; ++quillet) {
-        Choose(quillet);
-        for (const bool large : {false, true})
-            for (const bool small : {false, true}) {
-                LaySolution(40, 40);
-                if (large) Exchange(0, 1);
-                if (small) Exchange(2, 4);
-                EXPECT_TRUE(Solved());
+        for (const std::size_t axis : {0u, 1u})
+            for (const double way : {-1., 1.}) {
+                Places places = SpreadFigure();
+                places[p][0] += 15 * way, places[p][1] -= 15 * way;
+                EXPECT_TRUE(Solved(places)) << p;
+                places[p][axis] += axis == 0 ? way : -way;
+                EXPECT_FALSE(Solved(places)) << p;
             }
-        LaySolution(40, 40);
-        std::fill(Game.PieceTurn.begin(), Game.PieceTurn.end(), 0);
-        EXPECT_TRUE(Solved()); // turns play no part
-    }
-    LaySolution(40, 40);
-    Exchange(3, 5);
-    EXPECT_FALSE(Solved());
 }
 
-TEST_F(SolutionTest, TheSolvedFigureIsTheSolutionsOwnAtThePlayersCorner) {
-    LaySolution(60, 70);
-    const auto quillet = static_cast<std::size_t>(Game.CurrentQuillet);
-    ASSERT_TRUE(Solved());
-    const Surface& board = FormMain.Picture1.Image;
-    int black = 0;
-    for (int y = 0; y < board.Height(); ++y)
-        for (int x = 0; x < board.Width(); ++x) {
-            const Colour colour = board.Point(x, y);
-            black += colour == Game.BlackColor;
-            EXPECT_TRUE(colour == Game.BlackColor || colour == QBColor(8) || colour == Game.BoardColor);
+TEST_F(SolutionTest, OnlyTheTwoLargeAndTheTwoSmallTrianglesMayChangePlaces) {
+    Places both = SpreadFigure();
+    for (int a = 0; a < PieceCount; ++a)
+        for (int b = 0; b < a; ++b) {
+            Places places = SpreadFigure();
+            std::swap(places[a], places[b]);
+            const bool pair = (b == 0 && a == 1) || (b == 2 && a == 4);
+            EXPECT_EQ(Solved(places), pair) << a << " and " << b;
+            if (pair) std::swap(both[a], both[b]);
         }
-    EXPECT_NEAR(black, 48 * 48 * 8, 48 * 48); // all seven pieces but their edges
-    EXPECT_EQ(PickedAt(InsideOf(0)), 0);      // the pick map is left alone
-    EXPECT_GE(Game.SolX[0][quillet], 0);
+    EXPECT_TRUE(Solved(both));
 }
 
-TEST_F(SolutionTest, AFigureBuiltWithTheMouseIsApplaudedAndTheNextOneStandsReady) {
-    Choose(NearestInt32(Game.QuilletCount));
-    int boxes = 0;
-    Desktop.WhileModal = [&] {
-        ++boxes;
-        EXPECT_FALSE(FormMain.Picture1.Enabled);
-        EXPECT_EQ(std::count(Desktop.MediaCommands.begin(), Desktop.MediaCommands.end(),
-                             "play " + Game.AppPath + "whoosh1.wav"),
-                  1); // that of choosing the quillet
-    };
-    BuildFigure(60, 60);
-    Desktop.WhileModal = nullptr;
-    ASSERT_EQ(boxes, 1);
-    EXPECT_EQ(Desktop.Boxes[0].Text, "You got it - congratulations");
-    EXPECT_EQ(Desktop.Boxes[0].Title, "");
-    const auto cues = TakeCues();
-    ASSERT_GE(cues.size(), 2u);
-    EXPECT_EQ(cues[cues.size() - 2], "clap4");
-    EXPECT_EQ(cues.back(), "whoosh1");
-    EXPECT_EQ(Game.CurrentQuillet, 1); // after the last comes the first
-    EXPECT_EQ(Game.PieceX, Game.HomeX);
-    EXPECT_EQ(Game.PieceTurn[1], 2);
-    EXPECT_TRUE(FormMain.Picture1.Enabled);
-    for (int p = 0; p < PieceCount; ++p) EXPECT_EQ(PickedAt(InsideOf(p)), p);
-    BuildFigure(100, 80); // and the game goes on
-    EXPECT_EQ(Game.CurrentQuillet, 2);
-}
-
-TEST_F(SolutionTest, ShippedFiguresAreRecognisedWhenLaidByDragsAndTurnsAlone) {
-    PutShippedCollection();
-    ASSERT_TRUE(Start());
-    constexpr int Step = 7; // every kind and place in the collection, in a few seconds
-    for (int quillet = 1; quillet <= Game.QuilletCount; quillet += Step) {
-        Choose(quillet);
-        BuildFigure(60, 60);
-        ASSERT_EQ(Game.CurrentQuillet, quillet == Game.QuilletCount ? 1 : quillet + 1);
+TEST_F(SolutionTest, AFigureBuiltByMouseIsRecognisedThenTheNextStandsAsIfItWereChosen) {
+    StartWith(ReadText(DATA_FOLDER "/QUILLET.qui").substr(ShippedHead.size()));
+    Desktop.WhileModal = ExpectSolvedFigure;
+    for (int q = NearestInt32(Game.QuilletCount); q > 0; q -= 7) { // every kind and place in the collection
+        SelectQuillet(q);
+        ASSERT_TRUE(CallsOf(BuildFigure).ends_with(Applause)) << q;
+        const std::string scene = Scene();
+        SelectQuillet(q == Game.QuilletCount ? 1 : q + 1);
+        EXPECT_EQ(Scene(), scene);
     }
 }
 
-TEST_F(SolutionTest, ATurnThatCompletesTheFigureWinsLikeADrop) {
-    LaySolution(60, 60);
-    Game.PieceTurn[5] = Game.PieceTurn[5] == 0 ? 7 : Game.PieceTurn[5] - 1;
-    const auto entered = static_cast<std::size_t>(Game.PieceTurn[5] == 7 ? 0 : Game.PieceTurn[5] + 1);
-    Game.PieceX[5] -= Game.TurnShiftX[5][entered];
-    Game.PieceY[5] -= Game.TurnShiftY[5][entered];
-    FormMain.Image.Cls();
-    DrawAllPieces();
-    CheckAllTurns();
-    TakeCues();
-    bool figureShown = false;
-    Desktop.WhileModal = [&] {
-        const Vertex inside = InsideOf(5);
-        figureShown = !FormMain.Picture1.Enabled
-                      && FormMain.Picture1.Image.Point(inside.X, inside.Y) == Game.BlackColor
-                      && Game.PieceX != Game.HomeX;
-    };
-    TurnByMouse(5);
-    EXPECT_TRUE(figureShown);
-    EXPECT_EQ(TakeCues(), (std::vector<std::string>{"Click", "clap4", "whoosh1"}));
-    EXPECT_EQ(Game.CurrentQuillet, 2);
-    EXPECT_TRUE(FormMain.Picture1.Enabled);
+TEST_F(SolutionTest, ATurnThatCompletesTheFigureWinsLikeADropButNotWhileTheSolutionIsShown) {
+    Desktop.WhileModal = ExpectSolvedFigure;
+    for (const int shown : {1, 0}) {
+        LaySolution(60, 70);
+        CheckAllTurns();
+        Game.SolutionShown = shown;
+        for (int step = 1; step < 8; ++step) EXPECT_EQ(CallsOf([] { TurnByMouse(5); }), "cue Click");
+        EXPECT_EQ(CallsOf([] { TurnByMouse(5); }), shown ? "cue Click" : "cue Click; " + Applause);
+        EXPECT_EQ(std::pair(Board.Enabled, Game.CurrentQuillet), std::pair(true, 2. - shown));
+    }
 }
 
-TEST_F(SolutionTest, WhileTheSolutionIsShownNothingIsAnnounced) {
+TEST_F(SolutionTest, KeysAnnounceNothingButTheNextDropDoesEvenARefusedOneUnlessTheSolutionIsShown) {
+    CallsOfButton("Copy");
+    EXPECT_EQ(CallsOf([] { DragTo(Square, Game.PieceX[Square] + 1, Game.PieceY[Square]); }), "cue Slide");
+    SelectQuillet(1);
     LaySolution(60, 60);
-    Game.SolutionShown = Game.FlagOn;
-    DragTo(3, Game.PieceX[3] + 1, Game.PieceY[3]);
-    for (int step = 0; step < 2; ++step) TurnByMouse(3);
-    EXPECT_TRUE(Desktop.Boxes.empty());
-    EXPECT_TRUE(FormMain.Picture1.Enabled);
-}
-
-TEST_F(SolutionTest, ARefusedDropStillRunsTheCheck) {
-    LaySolution(60, 60);
-    DragTo(3, -100, 60);
-    EXPECT_EQ(Desktop.Boxes.size(), 1u);
+    Game.LastPiece = Square;
+    Game.PieceX[Square] += 16;
+    EXPECT_EQ(CallsOf([] { Key(37); }), "");
+    EXPECT_EQ(CallsOf([] { DragTo(Square, -100, 60); }), Applause);
 }
 
 TEST_F(SolutionTest, TheTurnTestTakesPairsInEitherOrder) {
-    const auto q = static_cast<std::size_t>(Game.CurrentQuillet);
-    const auto flags = [&](int pair, double sol0, double sol1, double turn0, double turn1,
-                           std::int16_t piece) {
-        const int first = pair == 0 ? 0 : 2, second = pair == 0 ? 1 : 4;
-        Game.SolTurn[first][q] = sol0;
-        Game.SolTurn[second][q] = sol1;
-        Game.PieceTurn[first] = turn0;
-        Game.PieceTurn[second] = turn1;
-        Game.TurnMatched[first] = Game.TurnMatched[second] = Game.FlagOff;
-        Game.SolTurn[3][q] = 1 - Game.PieceTurn[3]; // never all seven
-        CheckPieceTurn(piece);
-        return std::pair(Game.TurnMatched[first], Game.TurnMatched[second]);
-    };
-    using Flags = std::pair<Flag, Flag>;
-    for (const int pair : {0, 1}) {
-        const std::int16_t first = pair == 0 ? 0 : 2, second = pair == 0 ? 1 : 4;
-        EXPECT_EQ(flags(pair, 3, 5, 3, 5, first), Flags(1, 1));
-        EXPECT_EQ(flags(pair, 3, 5, 3, 6, second), Flags(1, 0));
-        EXPECT_EQ(flags(pair, 3, 5, 5, 3, first), Flags(1, 1));
-        EXPECT_EQ(flags(pair, 3, 5, 5, 6, second), Flags(1, 0));
-        EXPECT_EQ(flags(pair, 3, 5, 6, 5, first), Flags(0, 1));
-        // The second piece in the first one's turn matches no row, and its own turn is another.
-        EXPECT_EQ(flags(pair, 3, 5, 6, 3, second), Flags(0, 0));
-        EXPECT_EQ(flags(pair, 3, 5, 6, 7, first), Flags(0, 0));
-    }
-}
-
-TEST_F(SolutionTest, AtTheEasyLevelAChosenSolvedQuilletIsNotAnnouncedEither) {
-    Game.PlayLevel = EasyLevel;
-    LaySolution(60, 60);
-    ShowQuillet();
-    EXPECT_TRUE(Desktop.Boxes.empty());
-    EXPECT_TRUE(FormMain.Picture1.Enabled);
-    for (int p = 0; p < PieceCount; ++p)
-        EXPECT_EQ(FormMain.Picture1.Image.Point(InsideOf(p).X, InsideOf(p).Y), QBColor(3));
-    Game.PlayLevel = NormalLevel;
-    DrawAllPieces();
-    EXPECT_EQ(FormMain.Picture1.Image.Point(InsideOf(3).X, InsideOf(3).Y), Game.BlackColor);
+    // Turns of the two pieces, which of them is asked for, what they are told; the solution has 3 and 5.
+    const int cases[][5] = {{3, 5, 0, 1, 1}, {3, 6, 1, 1, 0}, {5, 3, 0, 1, 1}, {5, 6, 1, 1, 0},
+                            {6, 5, 0, 0, 1}, {6, 3, 1, 0, 0}, {6, 7, 0, 0, 0}};
+    Game.SolTurn[Square][1] = 1 - Game.PieceTurn[Square]; // never all seven
+    for (const auto& [a, b] : {std::pair{0, 1}, {2, 4}})
+        for (const auto& [turnA, turnB, asked, matchedA, matchedB] : cases) {
+            Game.SolTurn[a][1] = 3, Game.SolTurn[b][1] = 5;
+            Game.PieceTurn[a] = turnA, Game.PieceTurn[b] = turnB;
+            Game.TurnMatched[a] = Game.TurnMatched[b] = Game.FlagOff;
+            CheckPieceTurn(NearestInt16(asked ? b : a));
+            EXPECT_EQ(10 * Game.TurnMatched[a] + Game.TurnMatched[b], 10 * matchedA + matchedB);
+        }
 }
 
 } // namespace

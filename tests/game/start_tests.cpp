@@ -1,137 +1,78 @@
 // The start-up: what it makes, what it refuses, and in what state the first event finds the game.
 #include "game_on_script.h"
-#include "platform/files.h"
-#include "shell/start_and_stop.h"
 
 namespace {
 
 const std::string DefaultSettings = "QUILLET.qui\r\n-1,-1,-1,-1\r\n";
 
-class StartTest : public GameTest {};
+using StartTest = GameTest;
 
-TEST_F(StartTest, FirstRunWithoutCollectionMakesSettingsAndEndsWithAMessage) {
-    EXPECT_FALSE(Start());
-    ASSERT_EQ(Desktop.Boxes.size(), 1u);
-    EXPECT_EQ(Desktop.Boxes[0].Text,
-              "Quillet shapes file not found:\n\r" + (Folder / "QUILLET.qui").string());
-    EXPECT_EQ(Desktop.Boxes[0].Buttons, BoxButtons::Ok);
-    EXPECT_EQ(Desktop.Boxes[0].Title, "");
-    EXPECT_EQ(ReadText(Folder / "Quillets.cfg"), DefaultSettings);
-    // At once: no stop order, no window.
-    EXPECT_EQ(Desktop.Calls.back(), "end");
-    EXPECT_TRUE(Desktop.MediaCommands.empty());
-    EXPECT_FALSE(Form1.Visible);
-}
-
-TEST_F(StartTest, ComesUpWithOneQuilletShownAndThePiecesAtHome) {
-    PutFiveFigures();
-    WriteText(Folder / "Quillets.cfg", "");
-    ASSERT_TRUE(Start());
-    EXPECT_EQ(ReadText(Folder / "Quillets.cfg"), DefaultSettings);
-    EXPECT_EQ(Game.AppPath, Folder.string() + PathSeparator);
-    EXPECT_EQ(Game.PieceX, Game.HomeX);
-    EXPECT_EQ(Game.PieceY, Game.HomeY);
-    EXPECT_EQ(Game.PieceTurn, (PerPiece<Number>{0, 2, 1, 0, 0, 0, 0}));
+TEST_F(StartTest, WithoutACollectionItMakesSettingsAndEndsAtOnceWithOneItComesUp) {
+    EXPECT_EQ(CallsOf([&] { EXPECT_FALSE(Start()); }), "box Quillet shapes file not found:/QUILLET.qui; end");
+    EXPECT_EQ(ReadText(In("Quillets.cfg")), DefaultSettings);
+    WriteText(In("QUILLET.qui"), ShippedHead + Records(1));
+    WriteText(In("Quillets.cfg"), "");
+    EXPECT_EQ(CallsOf([&] { EXPECT_TRUE(Start()); }), "show Form1; show FormMain");
+    EXPECT_EQ(ReadText(In("Quillets.cfg")), DefaultSettings);
+    const std::string head = "quillet 1 level 3 shown 0 last 0 active -1 enabled 1\nFile: "
+                             + In("QUILLET.qui") + "; Play difficulty: NORMAL; Quillet (1 of 1)\n";
+    EXPECT_EQ(Scene().substr(0, head.size()), head);
+    EXPECT_EQ(PlacesNow(), HomePlaces());
     EXPECT_EQ(Game.HomeTurn, (PerPiece<std::int16_t>{0, 2, 1, 0, 0, 0, 0}));
-    EXPECT_EQ(Game.BoardX0, 10);
-    EXPECT_GE(Game.CurrentQuillet, 1);
-    EXPECT_LE(Game.CurrentQuillet, Game.QuilletCount);
-    for (int p = 0; p < PieceCount; ++p) {
-        EXPECT_EQ(PickedAt(InsideOf(p)), p);
-        EXPECT_EQ(QBColor(Game.PieceQBColor[p]), Game.PieceRGB[p]);
-        EXPECT_NE(Game.PieceRGB[p], FormMain.Image.BackColor);
-    }
-    EXPECT_TRUE(FormMain.Picture1.Enabled);
-    EXPECT_EQ(FormMain.Picture1.Image.Width(), 350);
-    EXPECT_EQ(FormMain.Picture1.Image.Height(), 390);
-    EXPECT_EQ(FormMain.Width, 5600);
-    EXPECT_EQ(FormMain.Height, 6800);
-    EXPECT_EQ(FormMain.PStandard.Top, 90 + 390 * 15);
-    EXPECT_EQ(FormMain.PStandard.Width, 350 * 15);
-    EXPECT_GE(FormMain.Image.Width(), 350);
-    EXPECT_GE(FormMain.Image.Height(), 390);
-    EXPECT_EQ(FormMain.Caption, "File: " + (Folder / "QUILLET.qui").string());
-    EXPECT_EQ(Desktop.Calls, (std::vector<std::string>{"show Form1", "show FormMain"}));
+    for (int p = 0; p < PieceCount; ++p) EXPECT_EQ(PickedAt(InsideOf(p)), p);
+    EXPECT_EQ(PickedAt({2, 2}), -1);
+    ExpectCleanPicture();
+    EXPECT_EQ((std::array{FormMain.Width, FormMain.Height, FormMain.PStandard.Top, FormMain.PStandard.Width}),
+              (std::array<float, 4>{5600, 6800, 90 + 390 * 15, 350 * 15}));
+    EXPECT_EQ(std::pair(Board.Image.Width(), Board.Image.Height()), std::pair(350, 390));
 }
 
 TEST_F(StartTest, SettingsChooseTheCollectionAndThePlacesOfTheWindows) {
-    struct Case {
-        const char* Settings;
-        std::array<float, 4> Places; // panel left, top, board left, top
-    };
-    constexpr std::array<float, 4> Design = {150, 435, 1500, 1785};
-    const Case cases[] = {
+    constexpr std::array<float, 4> Design = {150, 435, 1500, 1785}; // panel left, top, board left, top
+    const std::pair<const char*, std::array<float, 4>> cases[] = {
         {"other.qui\r\n 450  600  4500.5  615 \r\n", {450, 600, 4500.5F, 615}},
         {"other.qui\n0,-15,30,45\n", {0, -15, 30, 45}},
+        {"\"other.qui\"\r\n-2,2 , 3 ,4 \r\n", {-2, 2, 3, 4}},
         {"other.qui\r\n-1,600,700,800\r\n", Design},
-        {"other.qui\r\n1, 2 , 3 ,4 \r\n", {1, 2, 3, 4}},
         {"other.qui\r\n300\r\n", Design},
         {"other.qui\r\n1 x 3 4\r\n", Design},
         {"other.qui\r\n1 1e39 3 4\r\n", Design},
-        {"other.qui\r\nhere and there\r\n", Design},
-        {"other.qui", Design},
-        {"\"other.qui\"\r\n-1,-1,-1,-1\r\n", Design},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.Settings);
-        WriteText(Folder / "other.qui", ShippedHead());
-        WriteText(Folder / "Quillets.cfg", c.Settings);
-        ASSERT_TRUE(Start());
-        EXPECT_EQ(Game.QuilletFile, (Folder / "other.qui").string());
-        EXPECT_EQ((std::array{Form1.Left, Form1.Top, FormMain.Left, FormMain.Top}), c.Places);
-        EXPECT_EQ(ReadText(Folder / "Quillets.cfg"), c.Settings);
+        {"other.qui", Design}};
+    WriteText(In("other.qui"), ShippedHead);
+    for (const auto& [settings, places] : cases) {
+        WriteText(In("Quillets.cfg"), settings);
+        ASSERT_TRUE(Start()) << settings;
+        EXPECT_EQ(Game.QuilletFile, In("other.qui"));
+        EXPECT_EQ((std::array{Form1.Left, Form1.Top, FormMain.Left, FormMain.Top}), places) << settings;
+        EXPECT_EQ(ReadText(In("Quillets.cfg")), settings);
     }
 }
 
 TEST_F(StartTest, EveryQuilletCanComeFirstAndNoOther) {
-    PutCollection({Record{}, Record{}, Record{}});
-    std::array<int, 5> seen{};
-    for (int second = 0; second < 100; ++second) {
-        Desktop.Clock = static_cast<float>(second);
+    WriteText(In("QUILLET.qui"), ShippedHead + Records(3));
+    std::array<int, 4> seen{};
+    for (Desktop.Clock = 0; Desktop.Clock < 100; ++Desktop.Clock) {
         ASSERT_TRUE(Start());
         ++seen.at(static_cast<std::size_t>(Game.CurrentQuillet));
     }
-    EXPECT_EQ(seen[0] + seen[4], 0);
+    EXPECT_EQ(seen[0], 0);
     EXPECT_GT(std::min({seen[1], seen[2], seen[3]}), 10);
 }
 
-TEST_F(StartTest, AnEmptyCollectionShowsThePiecesInAHeapAndCountsOneOfNone) {
-    PutCollection({});
+TEST_F(StartTest, AnEmptyCollectionIsAHeapAndASolvedHomeIsNotAnnounced) {
+    WriteText(In("QUILLET.qui"), ShippedHead);
     ASSERT_TRUE(Start());
-    EXPECT_EQ(Game.QuilletCount, 0);
-    EXPECT_EQ(Game.CurrentQuillet, 1);
     EXPECT_EQ(Form1.TarQui.Caption, "Quillet (1 of 0)");
-    EXPECT_EQ(Form1.TargetQui[0].Image.Point(5, 14), Game.BlackColor);
-    EXPECT_EQ(Form1.TargetQui[0].Image.Point(4, 14), Form1.TargetQui[0].Image.BackColor);
-}
-
-TEST_F(StartTest, ASolvedArrangementAtHomeIsNotAnnouncedAndLeavesTheBoardAlive) {
-    // A quillet whose solution is the pieces' home: the turn tests of the start find it solved.
-    PutCollection({});
-    ASSERT_TRUE(Start());
-    Record home;
-    for (int p = 0; p < PieceCount; ++p) home.Pieces[p] = {Game.PieceTurn[p], Game.PieceX[p], Game.PieceY[p]};
-    home.Left = *std::min_element(Game.PieceX.begin(), Game.PieceX.end());
-    home.Top = *std::min_element(Game.PieceY.begin(), Game.PieceY.end());
-    PutCollection({home});
-    ASSERT_TRUE(Start());
-    EXPECT_TRUE(Desktop.Boxes.empty());
-    EXPECT_TRUE(FormMain.Picture1.Enabled);
-    for (int p = 0; p < PieceCount; ++p) {
-        EXPECT_EQ(PickedAt(InsideOf(p)), p);
-        EXPECT_EQ(FormMain.Picture1.Image.Point(InsideOf(p).X, InsideOf(p).Y), Game.BlackColor);
-    }
-}
-
-TEST_F(StartTest, UnloadingTheBoardClosesTheSoundAndEnds) {
-    PutFiveFigures();
-    ASSERT_TRUE(Start());
-    SwitchSoundOn();
-    const std::string settings = ReadText(Folder / "Quillets.cfg");
-    EXPECT_FALSE(Deliver([] { UnloadForm(FormMain); }));
-    EXPECT_EQ(TakeCues(), (std::vector<std::string>{"stop mp3", "close all", "thank"}));
-    EXPECT_EQ(Desktop.Calls.back(), "end");
-    EXPECT_EQ(ReadText(Folder / "Quillets.cfg"), settings);
+    const Surface& stage = Form1.TargetQui[0].Image;
+    EXPECT_EQ(std::pair(stage.Point(5, 14), stage.Point(4, 14)), std::pair(Game.BlackColor, stage.BackColor));
+    std::ostringstream record; // the pieces' home as its solution
+    record << "1," << *std::min_element(Game.HomeX.begin(), Game.HomeX.end()) << ","
+           << *std::min_element(Game.HomeY.begin(), Game.HomeY.end());
+    for (const auto& [x, y, turn] : HomePlaces()) record << "," << turn << "," << x << "," << y;
+    WriteText(In("QUILLET.qui"), ShippedHead + record.str());
+    EXPECT_EQ(CallsOf([&] { EXPECT_TRUE(Start()); }), "show Form1; show FormMain");
+    EXPECT_TRUE(Board.Enabled);
+    ExpectCleanPicture();
 }
 
 } // namespace
