@@ -189,6 +189,7 @@ void Try(std::string text) {
     else if (kind != 'r' && !Plays)
         ReadAsPieceTable(text);
     Desktop.Calls.clear();
+    Desktop.FileDialogs.clear();
 }
 
 } // namespace

@@ -255,6 +255,7 @@ TEST_F(RandomEvents, LeaveTheGameSoundAndBothSurfacesInStepAndNeverStallIt) {
         Desktop.Calls.clear();
         Desktop.Boxes.clear();
         Desktop.MediaCommands.clear();
+        Desktop.FileDialogs.clear();
     }
     std::cout << starts << " starts, " << boxes << " boxes, " << slowest << " ms at most for an event\n";
 }

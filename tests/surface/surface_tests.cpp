@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <climits>
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -112,18 +111,6 @@ TEST(SurfaceTest, DrawsEveryPixelByTheRuleAndTellsOfEveryRowThatChanged) {
                 }
         }
     }
-}
-
-TEST(SurfaceTest, DrawsEveryPolygonOnASmallGridByTheRule) {
-    for (const auto& [corners, side] : {std::pair(0, 2), {1, 6}, {2, 6}, {3, 5}, {4, 3}, {5, 2}})
-        for (int n = 0, points = side * side; n < std::pow(points, corners); ++n) {
-            Shape shape;
-            for (int rest = n, i = 0; i < corners; ++i, rest /= points)
-                shape.push_back({rest % points % side, rest % points / side});
-            Pair both(side, side, Rgb(192, 192, 192));
-            Draw(both, shape);
-            ASSERT_NO_FATAL_FAILURE(ExpectSame(both.Drawn, both.Plain)) << testing::PrintToString(shape);
-        }
 }
 
 TEST(SurfaceTest, PointTellsTheNearestPixelTiesToEvenAndNoColourOutside) {

@@ -29,11 +29,3 @@ TEST(ValueKindsTest, ConversionsRoundTiesToEvenFloorDownwardAndSaturate) {
     EXPECT_EQ(Single(16777217), 16777216);
     EXPECT_EQ(Single(16777219), 16777220);
 }
-
-TEST(ValueKindsTest, ColoursAreMixedOfRedGreenAndBlueBits) {
-    for (int entry = 0; entry < 16; ++entry) {
-        const auto part = [&](int bit) { return entry & bit ? (entry < 8 ? 128 : 255) : 0; };
-        const Colour mixed = Rgb(part(4), part(2), part(1));
-        EXPECT_EQ(QBColor(entry), entry == 7 ? 0xC0C0C0 : entry == 8 ? 0x808080 : mixed) << entry;
-    }
-}
