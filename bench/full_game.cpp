@@ -43,12 +43,15 @@ void FullGame::SetUp(benchmark::State&) {
     Folder = std::filesystem::temp_directory_path() / ("quillets-bench-" + std::to_string(::getpid()));
     std::filesystem::create_directories(Folder);
     std::ofstream(Folder / "QUILLET.qui", std::ios::binary) << FullCollection();
+    // As the program does at its start.
+    std::filesystem::current_path(Folder);
     Game = GameState{};
     DesignWindows();
     StartProgram(FormMain, Folder.string());
 }
 
 void FullGame::TearDown(benchmark::State&) {
+    std::filesystem::current_path(Folder.parent_path());
     std::filesystem::remove_all(Folder);
 }
 

@@ -1,0 +1,209 @@
+#!/usr/bin/python3
+"""Measures the whole game on a display of its own: start, memory, dragging, rest. Prints figures beside their goals.
+
+Usage: whole_process.py BUILD_FOLDER [SECONDS_OF_REST]
+"""
+import ctypes
+import ctypes.util
+import math
+import os
+import pathlib
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+X11, XTest, Damage = (ctypes.CDLL(ctypes.util.find_library(name)) for name in ("X11", "Xtst", "Xdamage"))
+SUBSTRUCTURE_NOTIFY, MAP_NOTIFY = 1 << 19, 19
+ROUNDS = 15
+
+
+class Event(ctypes.Structure):
+    """The head that all events of windows below an observed one have in common, and room for the largest."""
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("sent", ctypes.c_int),
+                ("display", ctypes.c_void_p), ("parent", ctypes.c_ulong), ("window", ctypes.c_ulong),
+                ("rest", ctypes.c_long * 24)]
+
+
+def connect():
+    X11.XOpenDisplay.restype = ctypes.c_void_p
+    X11.XDefaultRootWindow.restype = ctypes.c_ulong
+    display = ctypes.c_void_p(X11.XOpenDisplay(None))
+    return display, ctypes.c_ulong(X11.XDefaultRootWindow(display))
+
+
+def next_event(display):
+    event = Event()
+    X11.XNextEvent(display, ctypes.byref(event))
+    return event
+
+
+def started(program, folder):
+    """The process of a program with its arguments, its two windows, and the milliseconds until both were there."""
+    display, root = connect()
+    X11.XSelectInput(display, root, SUBSTRUCTURE_NOTIFY)
+    X11.XSync(display, 0)
+    begin, windows = time.perf_counter(), []
+    process = subprocess.Popen(program, cwd=folder)
+    while len(windows) < 2:
+        event = next_event(display)
+        if event.type == MAP_NOTIFY:
+            windows.append(event.window)
+    took = 1000 * (time.perf_counter() - begin)
+    X11.XCloseDisplay(display)
+    return process, windows, took
+
+
+def end(process):
+    process.kill()
+    process.wait()
+
+
+def memory(process):
+    for line in pathlib.Path(f"/proc/{process.pid}/smaps_rollup").read_text().splitlines():
+        if line.startswith("Pss:"):
+            return int(line.split()[1]) / 1024
+    raise RuntimeError("no proportional set size")
+
+
+def compare_starts(programs, folder):
+    """Medians of start and memory of each program, the programs by turns."""
+    starts, sizes = [[] for _ in programs], [[] for _ in programs]
+    for _ in range(ROUNDS):
+        for index, program in enumerate(programs):
+            process, _, took = started(program, folder)
+            starts[index].append(took)
+            time.sleep(0.5)
+            sizes[index].append(memory(process))
+            end(process)
+    return [statistics.median(row) for row in starts], [statistics.median(row) for row in sizes]
+
+
+def wake_ups(process):
+    tasks = pathlib.Path(f"/proc/{process.pid}/task").glob("*/status")
+    return sum(int(line.split()[1]) for task in tasks for line in task.read_text().splitlines()
+               if "ctxt_switches" in line)
+
+
+def processor_seconds(process):
+    fields = pathlib.Path(f"/proc/{process.pid}/stat").read_text().rpartition(")")[2].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+
+def place_of(display, root, window):
+    x, y, child = ctypes.c_int(), ctypes.c_int(), ctypes.c_ulong()
+    X11.XTranslateCoordinates(display, ctypes.c_ulong(window), root, 0, 0, ctypes.byref(x), ctypes.byref(y),
+                              ctypes.byref(child))
+    return x.value, y.value
+
+
+def width_of(window):
+    """The board is the wider window."""
+    display, _ = connect()
+    attributes = (ctypes.c_int * 64)()
+    X11.XGetWindowAttributes(display, ctypes.c_ulong(window), attributes)
+    return attributes[2]
+
+
+def watch_damage(window, times):
+    """Notes the time of each change of the window's picture."""
+    display, _ = connect()
+    base, error = ctypes.c_int(), ctypes.c_int()
+    Damage.XDamageQueryExtension(display, ctypes.byref(base), ctypes.byref(error))
+    Damage.XDamageCreate(display, ctypes.c_ulong(window), 0)
+    while True:
+        next_event(display)
+        times.append(time.perf_counter())
+
+
+def drag(process, window, piece, seconds=10):
+    """Moves a piece in circles at 1,000 events a second; the share of a core, and each event's way to the picture."""
+    display, root = connect()
+    left, top = place_of(display, root, window)
+    shown, sent = [], []
+    threading.Thread(target=watch_damage, args=(window, shown), daemon=True).start()
+    time.sleep(0.5)
+    point = [(left + piece[0] + round(35 * math.cos(a / 30)), top + piece[1] + round(35 * math.sin(a / 30)))
+             for a in range(1000 * seconds)]
+    XTest.XTestFakeMotionEvent(display, -1, left + piece[0], top + piece[1], 0)
+    XTest.XTestFakeButtonEvent(display, 1, 1, 0)
+    X11.XSync(display, 0)
+    before, begin = processor_seconds(process), time.perf_counter()
+    for number, (x, y) in enumerate(point):
+        while time.perf_counter() < begin + number / 1000:
+            time.sleep(0.0002)
+        XTest.XTestFakeMotionEvent(display, -1, x, y, 0)
+        X11.XFlush(display)
+        sent.append(time.perf_counter())
+    took = time.perf_counter() - begin
+    load = (processor_seconds(process) - before) / took
+    time.sleep(0.5)
+    XTest.XTestFakeButtonEvent(display, 1, 0, 0)
+    X11.XSync(display, 0)
+    delays, at = [], 0
+    for moment in sent:
+        while at < len(shown) and shown[at] < moment:
+            at += 1
+        if at < len(shown):
+            delays.append(1000 * (shown[at] - moment))
+    delays.sort()
+    print(f"  {len(sent)} events in {took:.1f} s, {len(shown)} pictures, {len(delays)} delays")
+    return 100 * load, delays[len(delays) // 2], delays[len(delays) * 99 // 100]
+
+
+def game_folder(build, scratch):
+    """The built program's folder with 500 figures; and where the square lies on the board, in pixels."""
+    folder = shutil.copytree(build / "program", scratch / "game")
+    lines = (folder / "QUILLET.qui").read_text().splitlines()
+    records = [line.partition(",")[2] for line in lines[65:]]
+    full = lines[:65] + [f"{n + 1},{records[n % len(records)]}" for n in range(500)]
+    (folder / "QUILLET.qui").write_text("\r\n".join(full) + "\r\n")
+    numbers = ",".join(lines[:7]).split(",")
+    return folder, [224 + 24 * float(number) for number in numbers[6:8]]
+
+
+def report(what, value, goal, unit=""):
+    print(f"{'ok  ' if value <= goal else 'MISS'} {what}: {value:.2f}{unit}, goal {goal}{unit}", flush=True)
+
+
+def measure(build, rest, scratch):
+    folder, square = game_folder(build, scratch)
+    game, empty = [folder / "quillets"], [build / "bench" / "empty_windows"]
+    starts, sizes = compare_starts([game, empty, empty + ["word"]], folder)
+    print("  start {:.1f} ms, {:.1f} ms empty, {:.1f} ms with a word".format(*starts))
+    print("  memory {:.1f} MiB, {:.1f} MiB empty, {:.1f} MiB with a word".format(*sizes))
+    for index, what in (1, "empty windows"), (2, "windows with a word"):
+        report(f"start against two {what}", starts[0] / starts[index], 1.3)
+        report(f"memory against two {what}", sizes[0] / sizes[index], 1.2)
+    process, windows, _ = started(game, folder)
+    time.sleep(2)
+    load, median, late = drag(process, max(windows, key=width_of), [round(place) for place in square])
+    report("share of a core while dragging", load, 15, " %")
+    report("delay at the median", median, 2, " ms")
+    report("delay at the 99th percentile", late, 8, " ms")
+    time.sleep(2)
+    before = wake_ups(process)
+    time.sleep(rest)
+    report(f"wake-ups in {rest} s of rest", wake_ups(process) - before, 0)
+    end(process)
+
+
+def main():
+    build, rest = pathlib.Path(sys.argv[1]).resolve(), int(sys.argv[2]) if len(sys.argv) > 2 else 60
+    os.environ.pop("WAYLAND_DISPLAY", None)
+    read, write = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset"],
+                              pass_fds=[write], stderr=subprocess.DEVNULL)
+    try:
+        os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
+        with tempfile.TemporaryDirectory(prefix="quillets-whole-") as scratch:
+            os.environ["XDG_RUNTIME_DIR"] = scratch
+            measure(build, rest, pathlib.Path(scratch))
+    finally:
+        end(server)
+
+
+main()
