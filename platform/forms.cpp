@@ -20,6 +20,9 @@ void Place(Control& control, const char* name, float left, float top, float widt
 void Resize(Form& form, float width, float height) {
     form.Width = width;
     form.Height = height;
+}
+
+void FitImage(Form& form) {
     form.Image.Resize(ClientWidth(form), ClientHeight(form));
 }
 

@@ -172,7 +172,7 @@ struct Form {
     float Height = 0;
     bool Visible = false;
     bool Loaded = false;
-    /// The window's own surface, as large as the client area.
+    /// The window's own surface; see FitImage.
     Surface Image;
     /// On where the player sees that surface.
     bool ShowsImage = false;
@@ -209,7 +209,10 @@ int ClientHeight(const Form& form);
 /// Names a control and sets it at its design place, in twips inside its container.
 void Place(Control& control, const char* name, float left, float top, float width, float height);
 
-/// Gives the form or picture a new size, in twips, and its surface the pixels to go with it; what was drawn
-/// stays.
+/// Gives the form a new size, in twips; a picture also its surface, where what was drawn stays.
 void Resize(Form& form, float width, float height);
 void Resize(Picture& picture, float width, float height);
+
+/// Gives the form's own surface the size of its client area; what was drawn stays. Few forms are drawn on,
+/// and these only when they are first opened: a surface takes up to two megabytes.
+void FitImage(Form& form);

@@ -159,6 +159,7 @@ Surface::Surface(int width, int height, Colour background)
       Pixels_(Offset(0, Height_), PixelOf(background)), Changed_{0, Height_} {}
 
 void Surface::Resize(int width, int height) {
+    if (width == Width_ && height == Height_) return;
     Surface larger(width, height, BackColor);
     BitBlt(larger, 0, 0, Width_, Height_, *this, 0, 0);
     Width_ = larger.Width_;

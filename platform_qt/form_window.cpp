@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
@@ -51,12 +52,26 @@ QPoint CentreOfScreen(QSize size) {
     return area.topLeft() + QPoint((area.width() - size.width()) / 2, (area.height() - size.height()) / 2);
 }
 
+/// Drawn here, as a QIcon of a file would load every picture format there is.
+QIcon WindowIcon() {
+    QSvgRenderer drawing(IconFile("quillets"));
+    QIcon icon;
+    for (const int size : {16, 32, 64}) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        drawing.render(&painter);
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
 } // namespace
 
 FormWindow::FormWindow(Form& record)
     : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new ClientWidget(record, this)) {
     setObjectName(QString::fromStdString(record.Name));
-    if (record.HasIcon) setWindowIcon(QIcon(IconFile("quillets")));
+    if (record.HasIcon) setWindowIcon(WindowIcon());
     // The panel tells its commands by their hover texts alone, and the board has the keyboard meanwhile.
     setAttribute(Qt::WA_AlwaysShowToolTips);
     AddMenus();

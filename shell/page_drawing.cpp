@@ -58,6 +58,7 @@ void DrawFigure(const PageLayout& layout, int quillet, Cell cell) {
 } // namespace
 
 void DrawPage(const PageLayout& layout) {
+    FitImage(layout.Page);
     int n = ViewTop;
     for (int row = 1; row <= layout.Rows; ++row)
         for (int column = 1; column <= layout.Columns; ++column) {

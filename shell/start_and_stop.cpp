@@ -45,6 +45,7 @@ void SizeBoard() {
     const float labelHeight = standard.Height / TwipsPerPixelY();
     Resize(FormMain, (TwipsPerPixelX() + 1) * BoardWidth,
            (TwipsPerPixelY() + 1) * (1.5F * labelHeight + BoardHeight) + 80);
+    FitImage(FormMain);
     standard.Top = FormMain.Picture1.Top + FormMain.Picture1.Height;
     standard.Width = FormMain.Picture1.Width;
 }
