@@ -125,7 +125,7 @@ TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletNumbersTheOthersAnewAndKee
 }
 
 TEST_F(CollectionFilesTest, CopiedAppendedAndRemovedEveryFigureComesBackTheSame) {
-    StartWith(ReadText(DATA_FOLDER "/QUILLET.qui").substr(ShippedHead.size()));
+    StartWith(Shipped.substr(ShippedHead.size()));
     const std::string before = Collection();
     for (Number q = 1, last = Game.QuilletCount + 1; q < last; ++q) {
         SelectQuillet(q);

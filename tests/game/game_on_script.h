@@ -33,15 +33,9 @@ inline std::string Replaced(std::string text, const std::string& what, const std
     return text;
 }
 
-/// Lines 1 to 65 of the shipped collection.
-inline const std::string ShippedHead = [] {
-    const std::string text = ReadText(DATA_FOLDER "/QUILLET.qui");
-    std::size_t end = 0;
-    for (int line = 1; line <= 65; ++line) end = text.find('\n', end) + 1;
-    return text.substr(0, end);
-}();
-
-/// Five records, the same whatever the shipped collection comes to hold.
+/// The shipped collection, its lines 1 to 65, and five records that stay whatever it comes to hold.
+inline const std::string Shipped = ReadText(DATA_FOLDER "/QUILLET.qui");
+inline const std::string ShippedHead = Shipped.substr(0, Shipped.find("\n1,60,60,") + 1);
 inline const std::string FiveFigures =
     "1,60,60,3,60,60,5,60,60,7,162,60,1,128,94,1,94,128,3,128,128,3,60,162\r\n"
     "2,60,60,0,108,156,4,108,156,6,204,156,0,204,204,4,60,204,0,108,108,4,156,60\r\n"
@@ -98,20 +92,18 @@ class GameTest : public testing::Test {
     /// of what can be picked.
     static std::string Scene() {
         std::ostringstream text;
-        text << "quillet " << Game.CurrentQuillet << " level " << Game.PlayLevel << " shown "
-             << Game.SolutionShown << " last " << Game.LastPiece << " active " << Game.ActivePiece
-             << " enabled " << Board.Enabled << "\n"
-             << FormMain.Caption << "; " << FormMain.PStandard.Caption << "; " << Form1.TarQui.Caption
-             << "\n";
+        text << "shown " << Game.SolutionShown << " last " << Game.LastPiece << " active " << Game.ActivePiece
+             << " enabled " << Board.Enabled << "; " << FormMain.Caption << "; " << FormMain.PStandard.Caption
+             << "; " << Form1.TarQui.Caption << "\n";
         for (const auto& [x, y, turn] : PlacesNow()) text << x << ',' << y << " turn " << turn << "; ";
         for (const TileButton& button : Form1.MenuButx) text << (button.Latched ? button.ToolTipText : "");
         std::size_t sum = 0;
         for (int y = 0; y < 390; ++y)
             for (int x = 0; x < 350; ++x)
-                for (const int seen : {PickedAt({x, y}), Shown(x, y), Form1.TargetQui[1].Image.Point(x, y)})
-                    sum = 31 * sum + static_cast<std::size_t>(seen);
-        text << "\nsum of the pictures " << sum;
-        return text.str();
+                sum = 31 * sum + std::size_t(PickedAt({x, y}) + 1) + 7 * std::size_t(Board.Image.Row(y)[x]);
+        for (int y = 0; y < 240; ++y)
+            for (int x = 0; x < 240; ++x) sum = 31 * sum + Form1.TargetQui[1].Image.Row(y)[x];
+        return text.str() + "\nsum of the pictures " + std::to_string(sum);
     }
 
     /// The scene is the one of these pieces drawn on clean surfaces.
@@ -140,8 +132,8 @@ class GameTest : public testing::Test {
         auto box = Desktop.Boxes.begin();
         for (const std::string& call : Desktop.Calls)
             calls += (calls.empty() ? "" : "; ") + (call.starts_with("box ") ? Told(*box++) : call);
-        calls = Replaced(calls, Desktop.Folder + "/", "");
-        return Replaced(Replaced(calls, "media play ", "cue "), ".wav", "");
+        return Replaced(Replaced(Replaced(calls, Desktop.Folder + "/", ""), "media play ", "cue "), ".wav",
+                        "");
     }
     static std::string CallsOfButton(const std::string& command) {
         return CallsOf([&] { PressButton(Button(command)); });

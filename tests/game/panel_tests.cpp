@@ -23,62 +23,56 @@ class PanelTest : public RunningGame {
 
 TEST_F(PanelTest, NavigationMovesAndResetsAndRefusesAtTheEndsInSilence) {
     const std::string chosen = " home; cue whoosh1; focus FormMain", refused = " shown; focus FormMain";
-    EXPECT_EQ(After("First", 3), "1" + chosen);
-    EXPECT_EQ(After("First", 1), "1" + chosen);
-    EXPECT_EQ(After("Last", 2), "5" + chosen);
-    EXPECT_EQ(After("Left", 3), "2" + chosen);
-    EXPECT_EQ(After("Left", 1), "1" + refused);
-    EXPECT_EQ(After("Right", 4), "5" + chosen);
-    EXPECT_EQ(After("Right", 5), "5" + refused);
-    EXPECT_EQ(After("Reset", 2), "2 home shown; cue whoosh1; focus FormMain");
-    Button("First").ToolTipText = "first"; // the text alone tells what a button does
-    EXPECT_EQ(After("first", 3), "3" + refused);
-    Button("first").ToolTipText = "Last";
-    EXPECT_EQ(After("Last", 3), "5" + chosen);
-    StartWith("");
-    EXPECT_EQ(After("Left", 1), "1" + refused);
-    EXPECT_EQ(After("Right", 1), "1" + refused);
-    EXPECT_EQ(After("Last", 1), "0" + chosen);
-    EXPECT_EQ(After("Random", 1), "0" + chosen);
-    StartWith(FiveFigures);
+    using Moves = std::vector<std::tuple<const char*, int, std::string>>;
+    Button("Copy").ToolTipText = "first"; // the text alone tells what a button does
+    for (const auto& [command, from, after] :
+         Moves{{"First", 3, "1" + chosen},
+               {"First", 1, "1" + chosen},
+               {"Last", 2, "5" + chosen},
+               {"Left", 3, "2" + chosen},
+               {"Left", 1, "1" + refused},
+               {"Right", 4, "5" + chosen},
+               {"Right", 5, "5" + refused},
+               {"first", 3, "3" + refused},
+               {"Reset", 2, "2 home shown; cue whoosh1; focus FormMain"}})
+        EXPECT_EQ(After(command, from), after);
     std::set<std::string> seen;
     for (Desktop.Clock = 0; Desktop.Clock < 40; ++Desktop.Clock) seen.insert(After("Random", 1));
     EXPECT_EQ(seen, (std::set{"1" + chosen, "2" + chosen, "3" + chosen, "4" + chosen, "5" + chosen}));
     EXPECT_EQ(After("Random", 1), After("Random", 2)); // seeded anew at each press
+    StartWith("");
+    for (const auto& [command, from, after] : Moves{{"Left", 1, "1" + refused},
+                                                    {"Right", 1, "1" + refused},
+                                                    {"Last", 1, "0" + chosen},
+                                                    {"Random", 1, "0" + chosen}})
+        EXPECT_EQ(After(command, from), after);
 }
 
 TEST_F(PanelTest, LevelsLatchSoundTheirCueOnceAndShowWhatTheyGiveAway) {
-    struct Level {
-        const char *Command, *Cue, *Status;
-        Colour OfSquare, OfMatched, OfOther;
-    };
-    const Colour own = Game.PieceRGB[Square], teal = QBColor(3), own5 = Game.PieceRGB[5],
-                 own6 = Game.PieceRGB[6];
-    const Level normal{"Normal", "cue click2; ", "Play difficulty: NORMAL", 0, 0, 0};
-    const Level easy{"Easy", "cue click2; ", "Play difficulty: EASY", 0, teal, 0};
-    const Level veryEasy{"Very easy", "cue GiveUp; ", "Play difficulty: VERY EASY", own, own5, own6};
     EXPECT_EQ(CallsOfButton("Normal"), "focus FormMain"); // set already: only the latch changes
     Places places = HomePlaces();
-    places[5][2] = Game.SolTurn[5][1];
-    ASSERT_NE(places[6][2], Game.SolTurn[6][1]);
+    places[5][2] = Game.SolTurn[5][1]; // and no other of the two looked at
     Lay(places);
     const Number half = Game.PieceWidth[Square][NearestInt16(Game.SolTurn[Square][1])] / 2;
-    for (const Level& level : {easy, veryEasy, easy, normal, veryEasy, normal}) {
+    const Number x = 5 + Game.SolX[Square][1] + half, y = 14 + Game.SolY[Square][1] + half;
+    const std::string last[] = {"Very easy", "Easy", "Normal"};
+    for (const std::size_t level : {1u, 0u, 1u, 2u, 0u, 2u}) {
         Board.Enabled = false;
-        EXPECT_EQ(CallsOfButton(level.Command), level.Cue + std::string("focus FormMain"));
-        EXPECT_TRUE(Board.Enabled);
+        EXPECT_EQ(CallsOfButton(last[level]),
+                  level == 0 ? "cue GiveUp; focus FormMain" : "cue click2; focus FormMain");
         const std::string scene = Scene();
-        EXPECT_EQ(CallsOfButton(level.Command), "focus FormMain");
+        EXPECT_EQ(CallsOfButton(last[level]), "focus FormMain");
         EXPECT_EQ(Scene(), scene);
-        EXPECT_EQ(FormMain.PStandard.Caption, level.Status);
-        for (const char* command : {"Normal", "Easy", "Very easy"})
-            EXPECT_EQ(Button(command).Latched, std::string(command) == level.Command);
-        EXPECT_EQ(PlacesNow(), places);
-        EXPECT_EQ(std::pair(ColourOf(5), ColourOf(6)), std::pair(level.OfMatched, level.OfOther))
-            << level.Status;
-        EXPECT_EQ(
-            Form1.TargetQui[0].Image.Point(5 + Game.SolX[Square][1] + half, 14 + Game.SolY[Square][1] + half),
-            level.OfSquare);
+        EXPECT_EQ(std::pair(Board.Enabled, PlacesNow()), std::pair(true, places));
+        const char* captions[] = {"Play difficulty: VERY EASY", "Play difficulty: EASY",
+                                  "Play difficulty: NORMAL"};
+        EXPECT_EQ(FormMain.PStandard.Caption, captions[level]);
+        for (const std::string& command : last) EXPECT_EQ(Button(command).Latched, command == last[level]);
+        const auto own = [&](int piece, Colour otherwise) {
+            return level == 0 ? Game.PieceRGB[piece] : otherwise;
+        };
+        const std::array expected = {own(5, level == 1 ? QBColor(3) : 0), own(6, 0), own(Square, 0)};
+        EXPECT_EQ((std::array{ColourOf(5), ColourOf(6), Form1.TargetQui[0].Image.Point(x, y)}), expected);
     }
 }
 

@@ -66,7 +66,7 @@ TEST_F(SolutionTest, OnlyTheTwoLargeAndTheTwoSmallTrianglesMayChangePlaces) {
 }
 
 TEST_F(SolutionTest, AFigureBuiltByMouseIsRecognisedThenTheNextStandsAsIfItWereChosen) {
-    StartWith(ReadText(DATA_FOLDER "/QUILLET.qui").substr(ShippedHead.size()));
+    StartWith(Shipped.substr(ShippedHead.size()));
     Desktop.WhileModal = ExpectSolvedFigure;
     for (int q = NearestInt32(Game.QuilletCount); q > 0; q -= 7) { // every kind and place in the collection
         SelectQuillet(q);

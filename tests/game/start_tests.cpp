@@ -1,11 +1,13 @@
 // The start-up: what it makes, what it refuses, and in what state the first event finds the game.
 #include "game_on_script.h"
 
+#include <set>
+
 namespace {
 
-const std::string DefaultSettings = "QUILLET.qui\r\n-1,-1,-1,-1\r\n";
-
 using StartTest = GameTest;
+
+const std::string DefaultSettings = "QUILLET.qui\r\n-1,-1,-1,-1\r\n";
 
 TEST_F(StartTest, WithoutACollectionItMakesSettingsAndEndsAtOnceWithOneItComesUp) {
     EXPECT_EQ(CallsOf([&] { EXPECT_FALSE(Start()); }), "box Quillet shapes file not found:/QUILLET.qui; end");
@@ -14,9 +16,9 @@ TEST_F(StartTest, WithoutACollectionItMakesSettingsAndEndsAtOnceWithOneItComesUp
     WriteText(In("Quillets.cfg"), "");
     EXPECT_EQ(CallsOf([&] { EXPECT_TRUE(Start()); }), "show Form1; show FormMain");
     EXPECT_EQ(ReadText(In("Quillets.cfg")), DefaultSettings);
-    const std::string head = "quillet 1 level 3 shown 0 last 0 active -1 enabled 1\nFile: "
-                             + In("QUILLET.qui") + "; Play difficulty: NORMAL; Quillet (1 of 1)\n";
-    EXPECT_EQ(Scene().substr(0, head.size()), head);
+    EXPECT_EQ(Scene().substr(0, Scene().find('\n')),
+              "shown 0 last 0 active -1 enabled 1; File: " + In("QUILLET.qui")
+                  + "; Play difficulty: NORMAL; Quillet (1 of 1)");
     EXPECT_EQ(PlacesNow(), HomePlaces());
     EXPECT_EQ(Game.HomeTurn, (PerPiece<std::int16_t>{0, 2, 1, 0, 0, 0, 0}));
     for (int p = 0; p < PieceCount; ++p) EXPECT_EQ(PickedAt(InsideOf(p)), p);
@@ -48,18 +50,11 @@ TEST_F(StartTest, SettingsChooseTheCollectionAndThePlacesOfTheWindows) {
     }
 }
 
-TEST_F(StartTest, EveryQuilletCanComeFirstAndNoOther) {
-    WriteText(In("QUILLET.qui"), ShippedHead + Records(3));
-    std::array<int, 4> seen{};
-    for (Desktop.Clock = 0; Desktop.Clock < 100; ++Desktop.Clock) {
-        ASSERT_TRUE(Start());
-        ++seen.at(static_cast<std::size_t>(Game.CurrentQuillet));
-    }
-    EXPECT_EQ(seen[0], 0);
-    EXPECT_GT(std::min({seen[1], seen[2], seen[3]}), 10);
-}
-
-TEST_F(StartTest, AnEmptyCollectionIsAHeapAndASolvedHomeIsNotAnnounced) {
+TEST_F(StartTest, AnyQuilletComesFirstAnEmptyCollectionIsAHeapAndASolvedHomeIsNotAnnounced) {
+    PutFiveFigures();
+    std::set<Number> seen;
+    for (Desktop.Clock = 0; Desktop.Clock < 50; ++Desktop.Clock) Start(), seen.insert(Game.CurrentQuillet);
+    EXPECT_EQ(seen, (std::set<Number>{1, 2, 3, 4, 5}));
     WriteText(In("QUILLET.qui"), ShippedHead);
     ASSERT_TRUE(Start());
     EXPECT_EQ(Form1.TarQui.Caption, "Quillet (1 of 0)");

@@ -34,7 +34,7 @@ class ViewTest : public RunningGame {
     }
 };
 
-TEST_F(ViewTest, TheButtonOpensTheFirstPageBesideTheGameAndTheTargetTheOneWhereItStood) {
+TEST_F(ViewTest, TheButtonOpensTheFirstPageBesideTheGameTheTargetTheOneWhereItStoodAndPrintAsks) {
     View(100);
     ScrollTo(AllShapes.VScroll1, 16);
     EXPECT_EQ(CallsOf(RightClickOnTarget), "show AllShapes"); // open already: it is raised
@@ -49,23 +49,10 @@ TEST_F(ViewTest, TheButtonOpensTheFirstPageBesideTheGameAndTheTargetTheOneWhereI
     Desktop.WhileModal = [] { EXPECT_EQ(AllShapes.VScroll1.Value, 24); };
     EXPECT_EQ(CallsOf(RightClickOnTarget), "show modal AllShapes");
     EXPECT_EQ(CallsOf([] { MouseUp(Form1.TargetQui[1], 1, 5, 5); }), "");
-}
-
-TEST_F(ViewTest, TheScrollBarsReachEveryQuilletAndFollowThePage) {
-    const auto most = [](const ScrollBar& bar) { return bar.Enabled ? int{bar.Max} : 0; };
-    const int cases[][3] = {{20, 0, 0},  {21, 0, 4},  {25, 0, 8},     {64, 0, 44},
-                            {65, 8, 48}, {72, 8, 52}, {500, 440, 480}};
-    for (const auto& [count, viewMost, printMost] : cases) {
-        View(count);
-        CallsOfMenu("Print");
-        EXPECT_EQ(std::pair(most(AllShapes.VScroll1), most(PrintShapes.VScroll1)),
-                  std::pair(viewMost, printMost));
-    }
-    EXPECT_EQ(PrintShapes.VScroll1.SmallChange + PrintShapes.VScroll1.LargeChange, 5 + 5);
-    AllShapes.MouseMove(0, 0, 10, 10);
-    ScrollTo(AllShapes.VScroll1, 437);
-    EXPECT_EQ(AllShapes.Label1.Caption, "");
-    EXPECT_EQ(ThumbIndex(10, 10), 438);
+    Desktop.Answers = {BoxAnswer::No, BoxAnswer::Yes};
+    for (const char* printed : {"", "; print PrintShapes"})
+        EXPECT_EQ(CallsOf([] { ChooseMenuItem(PrintShapes, "Print this page"); }),
+                  "box Print this page? [Yes, No]" + std::string(printed));
 }
 
 TEST_F(ViewTest, TheLabelTellsTheQuilletUnderThePointerAndClicksChooseIt) {
@@ -111,13 +98,6 @@ TEST_F(ViewTest, EveryWayOutHidesItsWindow) {
         EXPECT_FALSE(form->Visible);
     }
     EXPECT_EQ(CallsOf([] { PressKey<65>(AllShapes), PressKey<65>(PrintShapes); }), "");
-}
-
-TEST_F(ViewTest, PrintingAsksFirst) {
-    Desktop.Answers = {BoxAnswer::No, BoxAnswer::Yes};
-    const auto print = [] { ChooseMenuItem(PrintShapes, "Print this page"); };
-    EXPECT_EQ(CallsOf(print), "box Print this page? [Yes, No]");
-    EXPECT_EQ(CallsOf(print), "box Print this page? [Yes, No]; print PrintShapes");
 }
 
 TEST_F(ViewTest, BackAndForwardActOnlyAtAnAnchorAndTheBrowserKeepsItsSizeInATooSmallWindow) {
@@ -175,17 +155,27 @@ void ExpectGolden(const std::string& name, int count, const Surface& surface) {
     EXPECT_TRUE(ReadText(path) == runs) << "differs from " << path;
 }
 
-TEST_F(ViewTest, PagesLookAsTheyAreKept) {
-    for (const int count : {1, 10, 20, 21, 64, 65, 500}) {
+TEST_F(ViewTest, PagesLookAsTheyAreKeptAndTheScrollBarsReachEveryQuillet) {
+    const auto most = [](const ScrollBar& bar) { return bar.Enabled ? int{bar.Max} : 0; };
+    const int cases[][5] = {// quillets, ends of the two bars, where they are moved to
+                            {1, 0, 0, 0, 0},   {10, 0, 0, 0, 0},  {20, 0, 0, 0, 0},  {21, 0, 4, 0, 4},
+                            {64, 0, 44, 0, 0}, {65, 8, 48, 8, 0}, {72, 8, 52, 0, 0}, {500, 440, 480, 437, 0}};
+    for (const auto& [count, viewMost, printMost, viewTop, printTop] : cases) {
         View(count);
-        ScrollTo(AllShapes.VScroll1, count == 65 ? 8 : count == 500 ? 437 : 0);
-        ExpectGolden("view_all_", count, AllShapes.Image);
+        AllShapes.MouseMove(0, 0, 10, 10);
+        ScrollTo(AllShapes.VScroll1, viewTop);
+        EXPECT_EQ(AllShapes.Label1.Caption, viewTop == 0 ? "    1" : "");
         CallsOfMenu("Print");
+        EXPECT_EQ(std::pair(most(AllShapes.VScroll1), most(PrintShapes.VScroll1)),
+                  std::pair(viewMost, printMost));
         if (count == 10 || count == 20) ChooseMenuItem(PrintShapes, "Show Solution");
         if (count == 20) ChooseMenuItem(PrintShapes, "Show Shape");
-        if (count == 21) ScrollTo(PrintShapes.VScroll1, 4);
+        ScrollTo(PrintShapes.VScroll1, printTop);
+        if (count == 72) continue;
+        ExpectGolden("view_all_", count, AllShapes.Image);
         ExpectGolden("print_", count, PrintShapes.Image);
     }
+    EXPECT_EQ(PrintShapes.VScroll1.SmallChange + PrintShapes.VScroll1.LargeChange, 5 + 5);
 }
 
 } // namespace

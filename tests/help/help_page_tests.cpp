@@ -10,14 +10,10 @@
 
 namespace {
 
-const std::filesystem::path DataFolder = DATA_FOLDER;
-
-std::string ReadPage() {
-    std::ifstream file(DataFolder / "quillets.htm");
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-const std::string Page = ReadPage();
+const std::string Page = [] {
+    std::ifstream file(DATA_FOLDER "/quillets.htm");
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}();
 
 /// The values that the page gives to an attribute, with or without quotes around them.
 std::multiset<std::string> ValuesOf(const std::string& attribute) {
@@ -30,29 +26,20 @@ std::multiset<std::string> ValuesOf(const std::string& attribute) {
 
 } // namespace
 
-TEST(HelpPage, EveryLinkLeadsToOneAnchorOfThePage) {
-    const auto names = ValuesOf("name"), links = ValuesOf("href");
+TEST(HelpPage, LeadsToItsOwnAnchorsAndPicturesAlone) {
+    const auto names = ValuesOf("name"), links = ValuesOf("href"), sources = ValuesOf("src");
     EXPECT_FALSE(links.empty());
-    for (const std::string& link : links) {
-        ASSERT_TRUE(link.starts_with('#')) << link;
-        EXPECT_EQ(names.count(link.substr(1)), 1U) << link;
-    }
-}
-
-TEST(HelpPage, ShowsThePicturesBesideItAndNoOther) {
-    std::set<std::string> there, shown;
-    for (const auto& entry : std::filesystem::directory_iterator(DataFolder / "help"))
+    for (const std::string& link : links)
+        EXPECT_TRUE(link.starts_with('#') && names.count(link.substr(1)) == 1) << link;
+    std::set<std::string> there;
+    for (const auto& entry : std::filesystem::directory_iterator(DATA_FOLDER "/help"))
         there.insert("help/" + entry.path().filename().string());
-    for (const std::string& source : ValuesOf("src")) shown.insert(source);
-    EXPECT_EQ(shown, there);
-}
-
-TEST(HelpPage, LoadsNothingFromTheNetwork) {
-    // The one address is the name of the document type, which nobody fetches.
-    const std::string content = Page.substr(Page.find("<html"));
+    EXPECT_EQ(std::set(sources.begin(), sources.end()), there);
+    // Before that stands the name of the document type, an address which nobody fetches.
     EXPECT_FALSE(std::regex_search(
-        content, std::regex("://|src\\s*=\\s*\"?//|url\\s*\\(|@import|<(link|script|iframe|object|base)\\b",
-                            std::regex::icase)));
+        Page.substr(Page.find("<html")),
+        std::regex("://|src\\s*=\\s*\"?//|url\\s*\\(|@import|<(link|script|iframe|object|base)\\b",
+                   std::regex::icase)));
 }
 
 TEST(HelpPage, NamesEverythingOnThePanel) {
@@ -64,12 +51,10 @@ TEST(HelpPage, NamesEverythingOnThePanel) {
         captions.insert(menu.Caption);
         for (const MenuItem& item : menu.Items) captions.insert(item.Caption);
     }
-    captions.erase("");  // the indices that no button has
-    captions.erase("-"); // the separator
+    std::erase_if(captions,
+                  [](const std::string& text) { return text.size() < 2; }); // no button, a separator
     EXPECT_GT(captions.size(), 20U);
     // In a heading or in bold type of its own: most captions are everyday words as well.
     for (const std::string& caption : captions)
-        EXPECT_TRUE(Page.find(">" + caption + "</b>") != std::string::npos
-                    || Page.find(">" + caption + "</h3>") != std::string::npos)
-            << caption;
+        EXPECT_TRUE(std::regex_search(Page, std::regex(">" + caption + "</(b|h3)>"))) << caption;
 }

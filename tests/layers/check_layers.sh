@@ -14,31 +14,26 @@ declare -A MayInclude=(
     [platform_scripted]="platform platform_scripted"
     [platform_qt]="platform platform_qt"
 )
-LogicFolders=(platform core files play shell)
 faults=0
 
 Fault() {
-    printf '%s\n%s\n\n' "$1" "$2"
-    faults=1
+    [[ -z $2 ]] || { printf '%s\n%s\n\n' "$1" "$2"; faults=1; }
 }
 
 for folder in "${!MayInclude[@]}"; do
     allowed=${MayInclude[$folder]// /|}
     found=$(grep -rnE '^ *# *include *"' "$folder" | grep -vE "#include \"($allowed)/" || true)
-    [[ -z $found ]] || Fault "$folder/ may include ${MayInclude[$folder]} only:" "$found"
+    Fault "$folder/ may include ${MayInclude[$folder]} only:" "$found"
 done
 
-found=$(grep -rnwE 'Qt[A-Za-z0-9]*|Q[A-Z][a-z][A-Za-z]*|QIODevice|qt_[a-z]+' "${LogicFolders[@]}" || true)
-[[ -z $found ]] || Fault "The logic names Qt:" "$found"
+found=$(grep -rnwE 'Qt[A-Za-z0-9]*|Q[A-Z][a-z][A-Za-z]*|QIODevice|qt_[a-z]+' platform core files play shell || true)
+Fault "The logic names Qt:" "$found"
 
 logic=()
-while [[ $1 != -- ]]; do
-    logic+=("$1")
-    shift
-done
+while [[ $1 != -- ]]; do logic+=("$1") && shift; done
 shift
 needed=$(nm --undefined-only --format=just-symbols "${logic[@]}" | sort -u)
 offered=$(nm --dynamic --defined-only --format=just-symbols "$@" | sed 's/@.*//' | sort -u)
 found=$(comm -12 <(echo "$needed") <(echo "$offered"))
-[[ -z $found ]] || Fault "The logic needs symbols of Qt:" "$found"
+Fault "The logic needs symbols of Qt:" "$found"
 exit $faults
