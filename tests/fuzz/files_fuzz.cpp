@@ -1,42 +1,25 @@
 // Fuzzed files. The readers take each one whole or refuse it, with a message that names one of its lines;
 // with QUILLETS_PLAY set a collection is also opened, looked at, appended to, removed from and saved, and
 // nothing is lost.
-#include "core/board_window.h"
-#include "core/game_state.h"
-#include "core/panel_window.h"
 #include "files/collection_reader.h"
 #include "files/settings.h"
-#include "platform_scripted/scripted_desktop.h"
 #include "shell/all_shapes.h"
-#include "shell/events.h"
 #include "shell/print_shapes.h"
+#include "tests/game/game_on_script.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <unistd.h>
-
-namespace fs = std::filesystem;
 
 namespace {
 
-const std::string Figure = "1,60,60,3,60,60,5,60,60,7,162,60,1,128,94,1,94,128,3,128,128,3,60,162\r\n";
-
-/// The game's folder, in memory where there is such a place.
-struct Folder {
-    fs::path Path = (fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path())
-                    / ("quillets-fuzz-" + std::to_string(::getpid()) + "/");
-    Folder() {
-        fs::create_directories(Path);
-        fs::current_path(Path);
+struct GameToFuzz : GameTest {
+    void TestBody() override {}
+    bool Begin() {
+        std::filesystem::remove("Quillets.cfg");
+        WriteText("QUILLET.qui", ShippedHead + FiveFigures);
+        return Start();
     }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { fs::remove_all(Path); }
 };
 
 /// Ends the run, which keeps the input, unless `right`.
@@ -47,36 +30,18 @@ void Insist(bool right, const char* what) {
     std::abort();
 }
 
-std::string Content(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// An empty text takes the file away.
 void Put(const std::string& name, const std::string& text) {
     if (text.empty())
-        fs::remove(name);
+        std::filesystem::remove(name);
     else
-        std::ofstream(name, std::ios::binary) << text;
+        WriteText(name, text);
 }
 
 std::string FirstLines(const std::string& text, int count) {
     std::size_t end = 0;
     while (count-- > 0) end = text.find('\n', end) + 1;
     return text.substr(0, end);
-}
-
-const std::string& ShippedHead() {
-    static const std::string Head = FirstLines(Content(DATA_FOLDER "/QUILLET.qui"), 65);
-    return Head;
-}
-
-void StartGame() {
-    static const Folder Ground;
-    Put("QUILLET.qui", ShippedHead() + Figure);
-    Put("Quillets.cfg", "");
-    DesignWindows();
-    Insist(StartProgram(FormMain, Ground.Path), "the game starts");
 }
 
 bool NamesALineOf(const std::string& text) {
@@ -136,52 +101,53 @@ bool OpenCollectionOf(const std::string& text) {
     return false;
 }
 
-constexpr std::size_t ViewAll = 0, Remove = 2, Append = 3, Reset = 4, Copy = 5, First = 6, Last = 9;
-
-void Press(std::initializer_list<std::size_t> buttons) {
-    for (const std::size_t button : buttons) PressButton(Form1.MenuButx[button]);
+void Press(std::initializer_list<const char*> commands) {
+    for (const char* command : commands)
+        for (TileButton& button : Form1.MenuButx)
+            if (button.ToolTipText == command) PressButton(button);
 }
 
 /// Appends the shown figure or, where that is too large, the pieces at home, and takes it away again.
 void AppendAndRemove() {
-    const std::string before = Content("fuzzed.qui");
-    Press({Copy, Append});
-    if (Content("fuzzed.qui") == before) Press({Reset, Append});
-    const std::string after = Content("fuzzed.qui");
+    const std::string before = ReadText("fuzzed.qui");
+    Press({"Copy", "Append existing Quillet"});
+    if (ReadText("fuzzed.qui") == before) Press({"Reset", "Append existing Quillet"});
+    const std::string after = ReadText("fuzzed.qui");
     Insist(after.starts_with(before) && after != before && after.ends_with("\r\n"),
            "a record comes to the end");
-    Press({Remove});
+    Press({"Remove existing Quillet"});
 }
 
 /// The first Remove numbers all records anew, also those that did not count; from then on nothing changes any
 /// more.
 void Play() {
     const Tables figures = TablesNow();
-    const std::string head = FirstLines(Content("fuzzed.qui"), 64);
-    Press({First, ViewAll, Last});
+    const std::string head = FirstLines(ReadText("fuzzed.qui"), 64);
+    Press({"First", "View All", "Last"});
     AllShapes.MouseUp(1, 0, 1000, 100);
     ChooseMenuItem(Form1, "Print");
     ChooseMenuItem(PrintShapes, "Show Solution");
     AppendAndRemove();
-    const std::string plain = Content("fuzzed.qui");
+    const std::string plain = ReadText("fuzzed.qui");
     const Tables known = TablesNow();
     if (!Desktop.Ended) AppendAndRemove();
     if (Desktop.Ended) return;
     Insist(plain.starts_with(head), "the head stays");
     Insist(known.size() != figures.size() || known == figures, "the figures stay");
-    Insist(Content("fuzzed.qui") == plain && TablesNow() == known, "what comes and goes leaves no trace");
+    Insist(ReadText("fuzzed.qui") == plain && TablesNow() == known, "what comes and goes leaves no trace");
     Desktop.Paths = {Game.AppPath + "copy.qui"};
     ChooseMenuItem(Form1, "Save as");
-    Insist(Content("copy.qui") == plain, "a copy is a copy");
+    Insist(ReadText("copy.qui") == plain, "a copy is a copy");
 }
 
 /// Behind the letter s the input is a settings file, behind an r the records of a collection; else it is a
 /// collection.
 void Try(std::string text) {
     static const bool Plays = std::getenv("QUILLETS_PLAY") != nullptr;
-    if (Desktop.Ended || !FormMain.Visible) StartGame();
+    static GameToFuzz game;
+    if (Desktop.Ended || !FormMain.Visible) Insist(game.Begin(), "the game starts");
     const char kind = text.empty() ? ' ' : text[0];
-    if (kind == 'r') text.replace(0, 1, ShippedHead());
+    if (kind == 'r') text.replace(0, 1, ShippedHead);
     if (kind == 's')
         ReadAsSettings(text.substr(1));
     else if (OpenCollectionOf(text) && Plays)

@@ -1,21 +1,11 @@
 // Pictures of the game against the plain surface: every shipped figure at every level and on every page of
 // both views.
-#include "core/board_window.h"
-#include "core/game_state.h"
-#include "core/panel_window.h"
-#include "platform_scripted/scripted_desktop.h"
 #include "reference.h"
 #include "shell/all_shapes.h"
-#include "shell/control_panel.h"
-#include "shell/events.h"
 #include "shell/print_shapes.h"
+#include "tests/game/game_on_script.h"
 
 #include <cmath>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -25,17 +15,12 @@ constexpr int EveryNth = 8;
 constexpr int EveryNth = 1;
 #endif
 
-class FigureTest : public testing::Test {
+class FigureTest : public GameTest {
   protected:
     FigureTest() {
-        fs::create_directories(Folder);
-        fs::copy(DATA_FOLDER "/QUILLET.qui", Folder, fs::copy_options::overwrite_existing);
-        DesignWindows();
-        EXPECT_TRUE(StartProgram(FormMain, Folder));
+        WriteText(In("QUILLET.qui"), ReadText(DATA_FOLDER "/QUILLET.qui"));
+        EXPECT_TRUE(Start());
     }
-    ~FigureTest() override { fs::remove_all(Folder); }
-
-    fs::path Folder = fs::temp_directory_path() / ("quillets-figures-" + std::to_string(::getpid()));
 };
 
 /// The piece of the quillet, its corners taken through both functions.
@@ -50,9 +35,8 @@ Shape Placed(int piece, int quillet, ToX toX, ToY toY) {
 }
 
 Shape ShiftedBy(int shiftX, int shiftY, int piece, int quillet) {
-    return Placed(
-        piece, quillet, [&](Number x) { return shiftX + NearestInt32(x); },
-        [&](Number y) { return shiftY + NearestInt32(y); });
+    const auto by = [](int shift) { return [=](Number n) { return shift + NearestInt32(n); }; };
+    return Placed(piece, quillet, by(shiftX), by(shiftY));
 }
 
 /// The panel's box is 233 by 240; the figure is drawn at (5, 14) and then moved to the middle.
@@ -94,7 +78,7 @@ TEST_F(FigureTest, BoardPicksAndTargetAreDrawnByTheRuleAtEveryLevel) {
         for (int quillet = 1; quillet <= Game.QuilletCount; quillet += EveryNth) {
             SelectQuillet(quillet);
             ASSERT_NO_FATAL_FAILURE(ExpectTarget(quillet, level)) << quillet;
-            PressButton(Form1.MenuButx[5]);
+            PressButton(Button("Copy"));
             ASSERT_NO_FATAL_FAILURE(ExpectBoard(quillet, level)) << quillet;
         }
     }
@@ -130,7 +114,7 @@ void ExpectPage(const Form& page, const Layout& layout, int before, Colour edge,
 
 TEST_F(FigureTest, EveryPageOfBothViewsIsDrawnByTheRule) {
     const Colour grey = Rgb(100, 100, 100), white = Rgb(255, 255, 255);
-    PressButton(Form1.MenuButx[0]);
+    PressButton(Button("View All"));
     for (int before = 0; before <= AllShapes.VScroll1.Max; before += 8) {
         ScrollTo(AllShapes.VScroll1, before);
         ExpectPage(AllShapes, {8, 8, 0.18F, 48, 49.5}, before, AllShapes.Image.ForeColor,
