@@ -63,12 +63,27 @@ void PictureWidget::ShowRecord(ShownRows rows) {
     setVisible(Record.Visible);
     const RowRange range =
         rows == ShownRows::Due ? Record.Image.TakeDueRows() : Record.Image.TakeChangedRows();
-    if (!range.Empty()) update(0, range.First, width(), range.Last - range.First);
+    const RowRange different = WithoutSame(range);
+    if (!different.Empty()) update(0, different.First, width(), different.Last - different.First);
+}
+
+/// Leaves out the rows at either end that look as they did: most of what a move draws anew stays the same.
+RowRange PictureWidget::WithoutSame(RowRange rows) const {
+    if (Shown.Width() != Record.Image.Width() || Shown.Height() != Record.Image.Height()) return rows;
+    const auto same = [&](int y) {
+        return std::equal(Shown.Row(y), Shown.Row(y) + Shown.Width(), Record.Image.Row(y));
+    };
+    while (!rows.Empty() && same(rows.First)) ++rows.First;
+    while (!rows.Empty() && same(rows.Last - 1)) --rows.Last;
+    return rows;
 }
 
 void PictureWidget::paintEvent(QPaintEvent* event) {
+    const QRect part = event->rect();
+    Shown.Resize(Record.Image.Width(), Record.Image.Height());
+    BitBlt(Shown, part.x(), part.y(), part.width(), part.height(), Record.Image, part.x(), part.y());
     QPainter painter(this);
-    ShowSurface(painter, Record.Image, event->rect());
+    ShowSurface(painter, Record.Image, part);
     if (Record.Icon.empty()) return;
     const int size = std::min(width(), height());
     QSvgRenderer icon(IconFile(Record.Icon));

@@ -32,7 +32,11 @@ class PictureWidget : public QWidget {
     bool focusNextPrevChild(bool) override { return false; }
 
   private:
+    RowRange WithoutSame(RowRange rows) const;
+
     Picture& Record;
+    /// What the screen shows.
+    Surface Shown;
     bool Pressed = false;
     /// The pixel of the last press or move that the game heard of.
     QPoint LastPixel;
