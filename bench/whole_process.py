@@ -19,6 +19,7 @@ import time
 X11, XTest, Damage = (ctypes.CDLL(ctypes.util.find_library(name)) for name in ("X11", "Xtst", "Xdamage"))
 SUBSTRUCTURE_NOTIFY, MAP_NOTIFY = 1 << 19, 19
 ROUNDS = 15
+SQUARE = 186, 116  # within the board's window, at the start
 
 
 class Event(ctypes.Structure):
@@ -155,14 +156,13 @@ def drag(process, window, piece, seconds=10):
 
 
 def game_folder(build, scratch):
-    """The built program's folder with 500 figures; and where the square lies on the board, in pixels."""
+    """The built program's folder, with 500 figures."""
     folder = shutil.copytree(build / "program", scratch / "game")
     lines = (folder / "QUILLET.qui").read_text().splitlines()
     records = [line.partition(",")[2] for line in lines[65:]]
     full = lines[:65] + [f"{n + 1},{records[n % len(records)]}" for n in range(500)]
     (folder / "QUILLET.qui").write_text("\r\n".join(full) + "\r\n")
-    numbers = ",".join(lines[:7]).split(",")
-    return folder, [224 + 24 * float(number) for number in numbers[6:8]]
+    return folder
 
 
 def report(what, value, goal, unit=""):
@@ -170,7 +170,7 @@ def report(what, value, goal, unit=""):
 
 
 def measure(build, rest, scratch):
-    folder, square = game_folder(build, scratch)
+    folder = game_folder(build, scratch)
     game, empty = [folder / "quillets"], [build / "bench" / "empty_windows"]
     starts, sizes = compare_starts([game, empty, empty + ["word"]], folder)
     print("  start {:.1f} ms, {:.1f} ms empty, {:.1f} ms with a word".format(*starts))
@@ -180,7 +180,7 @@ def measure(build, rest, scratch):
         report(f"memory against two {what}", sizes[0] / sizes[index], 1.2)
     process, windows, _ = started(game, folder)
     time.sleep(2)
-    load, median, late = drag(process, max(windows, key=width_of), [round(place) for place in square])
+    load, median, late = drag(process, max(windows, key=width_of), SQUARE)
     report("share of a core while dragging", load, 15, " %")
     report("delay at the median", median, 2, " ms")
     report("delay at the 99th percentile", late, 8, " ms")
