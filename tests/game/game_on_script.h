@@ -97,6 +97,7 @@ class GameTest : public testing::Test {
              << "; " << Form1.TarQui.Caption << "\n";
         for (const auto& [x, y, turn] : PlacesNow()) text << x << ',' << y << " turn " << turn << "; ";
         for (const TileButton& button : Form1.MenuButx) text << (button.Latched ? button.ToolTipText : "");
+        text << "\n" << Game.QuilletFile;
         std::size_t sum = 0;
         for (int y = 0; y < 390; ++y)
             for (int x = 0; x < 350; ++x)

@@ -43,7 +43,8 @@ TEST_F(PlayTest, ADragGoesFromItsFirstMoveToAnyReleaseWhateverComesBetween) {
                 Press(other, end), Key(9, 2), Key(37, 2), Key(65);
                 EXPECT_EQ(Scene(), inHand);
             }
-            EXPECT_EQ(CallsOf([&] { Release(other, end), MoveTo({9, 9}), Release(1, {9, 9}); }), calls);
+            const auto letGo = [other, at = end] { Release(other, at), MoveTo({9, 9}), Release(1, {9, 9}); };
+            EXPECT_EQ(CallsOf(letGo), calls);
             EXPECT_EQ(PlacesNow(), HomeBut(Square, dx, dy));
             EXPECT_EQ(std::pair(Game.ActivePiece, int{Game.LastPiece}), std::pair(-1., hit ? Square : 0));
             ExpectCleanPicture();
@@ -126,7 +127,7 @@ TEST_F(PlayTest, KeysNudgeOrTurnTheLastPieceOrNudgeAllOfThemWithoutLimits) {
                 if (all || p == last) places[p][0] += dx, places[p][1] += dy;
             Game.LastPiece = last;
             const long refreshes = Board.Image.RefreshCount();
-            EXPECT_EQ(CallsOf([code, shift] { Key(code, shift); }), "");
+            EXPECT_EQ(CallsOf([key = code, with = shift] { Key(key, with); }), "");
             EXPECT_EQ(std::pair(PlacesNow(), Game.LastPiece), std::pair(places, last))
                 << code << " " << shift;
             EXPECT_GT(Board.Image.RefreshCount(), refreshes);

@@ -1,6 +1,7 @@
 // What counts as solved, what a win does, and that nobody is ever left with a dead board.
 #include "core/solution_check.h"
 #include "game_on_script.h"
+#include "play/copy_to_board.h"
 
 namespace {
 
@@ -90,7 +91,7 @@ TEST_F(SolutionTest, ATurnThatCompletesTheFigureWinsLikeADropButNotWhileTheSolut
 }
 
 TEST_F(SolutionTest, KeysAnnounceNothingButTheNextDropDoesEvenARefusedOneUnlessTheSolutionIsShown) {
-    CallsOfButton("Copy");
+    CopyToBoard();
     EXPECT_EQ(CallsOf([] { DragTo(Square, Game.PieceX[Square] + 1, Game.PieceY[Square]); }), "cue Slide");
     SelectQuillet(1);
     LaySolution(60, 60);
