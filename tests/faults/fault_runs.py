@@ -185,7 +185,8 @@ def kill_at_random(program, operation, folder, times):
         outcome = play(["timeout", "-s", "KILL", f"{moments.uniform(0.001, longest):.6f}", program], operation, folder)
         killed += outcome.code != 0
         found += [f"{operation.name}, killed: {fault}" for fault in faults(operation, outcome, outcome.code != 0)]
-    print(f"{operation.name}: {times} random moments by seed {seed}, {killed} kills before the end", flush=True)
+    print(f"{operation.name}: {times} random moments by seed {seed}, {killed} kills before the end, {len(found)} faults",
+          flush=True)
     return found
 
 

@@ -48,15 +48,16 @@ void PrintTo(Vertex vertex, std::ostream* out) {
 }
 
 Reference::Reference(int width, int height, Colour ground)
-    : Width(width), Height(height), Pixels(static_cast<std::size_t>(width * height), ground) {}
+    : Width(width), Height(height),
+      Pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), ground) {}
 
 Colour Reference::At(int x, int y) const {
     const bool within = x >= 0 && y >= 0 && x < Width && y < Height;
-    return within ? Pixels[static_cast<std::size_t>(y * Width + x)] : Surface::NoColour;
+    return within ? Pixels.begin()[y * Width + x] : Surface::NoColour;
 }
 
 void Reference::Set(int x, int y, Colour colour) {
-    if (At(x, y) != Surface::NoColour) Pixels[static_cast<std::size_t>(y * Width + x)] = colour;
+    if (At(x, y) != Surface::NoColour) Pixels.begin()[y * Width + x] = colour;
 }
 
 void Reference::Draw(const Shape& shape, Colour edge, Colour inside, FillMode mode) {
