@@ -18,6 +18,7 @@ void DesignFormMain() {
     FormMain.Picture1.Image.BackColor = Rgb(192, 192, 192);
     Resize(FormMain.Picture1, 5220, 5895);
     FormMain.Picture1.Image.Cls();
+    FormMain.Picture1.SpokenName = "Board";
 
     Label& standard = FormMain.PStandard;
     Place(standard, "PStandard", 90, 6180, 5220, 300);

@@ -47,6 +47,7 @@ void DesignTarget() {
     Place(frame, "TarQui", 12, 1620, 3885, 4425);
     for (Picture& picture : Form1.TargetQui) {
         picture.Name = "TargetQui";
+        picture.SpokenName = "Figure";
         picture.Top = 210;
         picture.Image.BackColor = ButtonFace;
         Resize(picture, 3680, 4152);

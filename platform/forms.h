@@ -62,6 +62,10 @@ struct Label : Control {
 /// A surface that takes the mouse and, when it has the focus, the keyboard.
 struct Picture : Control {
     Surface Image;
+    /// What a screen reader calls the picture, and what it tells of it when asked; an empty name is passed
+    /// over.
+    std::string SpokenName;
+    std::string (*InWords)() = nullptr;
     /// An icon shown over the surface: a file name without folder and extension.
     std::string Icon;
     MouseHandler MouseDown = nullptr;

@@ -6,6 +6,7 @@
 #include "platform_qt/qt_text.h"
 #include "platform_qt/show_surface.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -50,10 +51,19 @@ void DeliverMouse(MouseHandler handler, const QMouseEvent& event, int unitsPerPi
 
 } // namespace
 
+QAccessibleInterface* RoleOfWidget(const QString&, QObject* object) {
+    if (auto* picture = dynamic_cast<PictureWidget*>(object))
+        return new QAccessibleWidget(picture, QAccessible::Graphic);
+    if (auto* frame = dynamic_cast<FrameWidget*>(object))
+        return new QAccessibleWidget(frame, QAccessible::Grouping);
+    return nullptr;
+}
+
 PictureWidget::PictureWidget(Picture& record, QWidget* parent) : QWidget(parent), Record(record) {
     setObjectName(QString::fromStdString(record.Name));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
+    setAccessibleName(QtText(record.SpokenName));
     if (record.KeyDown) setFocusPolicy(Qt::StrongFocus);
     ShowRecord(ShownRows::Changed);
 }
@@ -61,6 +71,7 @@ PictureWidget::PictureWidget(Picture& record, QWidget* parent) : QWidget(parent)
 void PictureWidget::ShowRecord(ShownRows rows) {
     setGeometry(PlaceOf(Record));
     setVisible(Record.Visible);
+    if (Record.InWords) setAccessibleDescription(QtText(Record.InWords()));
     const RowRange range =
         rows == ShownRows::Due ? Record.Image.TakeDueRows() : Record.Image.TakeChangedRows();
     const RowRange different = WithoutSame(range);

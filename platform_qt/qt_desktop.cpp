@@ -94,6 +94,7 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
     QApplication::setApplicationName("Quillets");
     QApplication::setQuitOnLastWindowClosed(false);
     SetLightColours();
+    QAccessible::installFactory(RoleOfWidget);
     QApplication::setFont(QtFont({"Arial", 9, false}));
     Folder = folder;
     Load(startForm);

@@ -1,6 +1,7 @@
 // The one table of the game's events.
 #include "shell/events.h"
 
+#include "core/board_in_words.h"
 #include "core/board_window.h"
 #include "core/panel_window.h"
 #include "play/keyboard_play.h"
@@ -31,6 +32,7 @@ void DesignWindows() {
     FormMain.Picture1.MouseUp = Picture1_MouseUp;
     FormMain.Picture1.MouseLost = Picture1_MouseLost;
     FormMain.Picture1.KeyDown = Picture1_KeyDown;
+    FormMain.Picture1.InWords = BoardInWords;
 
     DesignForm1();
     Form1.CloseRequest = Exitx_Click;

@@ -1,0 +1,23 @@
+// The board in words; nothing that the eye is not told.
+#include "core/board_in_words.h"
+
+#include "core/board_window.h"
+#include "core/game_state.h"
+#include "core/panel_window.h"
+
+#include <algorithm>
+#include <array>
+
+std::string BoardInWords() {
+    static constexpr std::array<const char*, PieceCount> Names = {
+        "first large triangle",  "second large triangle", "first small triangle", "square",
+        "second small triangle", "middle triangle",       "parallelogram"};
+    const auto last = static_cast<std::size_t>(Game.LastPiece);
+    std::string words =
+        Form1.TarQui.Caption + ", " + FormMain.PStandard.Caption + ", piece last handled: " + Names.at(last);
+    if (Game.PlayLevel == EasyLevel) {
+        const auto turned = std::count(Game.TurnMatched.begin(), Game.TurnMatched.end(), Game.FlagOn);
+        words += ", pieces with their final turn: " + std::to_string(turned) + " of 7";
+    }
+    return words;
+}
