@@ -1,190 +1,120 @@
-// Playing with the mouse: dragging, turning, refusals, interruptions and the applause.
-#include "core/board_rendering.h"
-#include "core/board_window.h"
-#include "platform_qt/qt_desktop.h"
+// Playing with mouse and keyboard, and leaving the game where it stands.
+#include "platform/desktop.h"
 #include "tests/windows/stage.h"
 
-#include <QMessageBox>
-#include <algorithm>
+#include <QApplication>
+#include <X11/keysym.h>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <set>
 
-namespace {
-
-constexpr int LastDrawn = 6;
-
-/// All that the mouse can change on the board.
-struct Arrangement {
-    PerPiece<Number> X{}, Y{}, Turn{};
-    Number ActivePiece = -1;
-    std::int16_t DragButton = 0, LastPiece = 0;
-    std::vector<Surface::Pixel> Board, PickMap;
-    bool operator==(const Arrangement&) const = default;
-};
-
-Arrangement Now() {
-    const auto pixels = [](const Surface& surface) {
-        return std::vector(surface.Row(0), surface.Row(0) + surface.Width() * surface.Height());
-    };
-    return Ask([&] {
-        return Arrangement{Game.PieceX,
-                           Game.PieceY,
-                           Game.PieceTurn,
-                           Game.ActivePiece,
-                           Game.DragButton,
-                           Game.LastPiece,
-                           pixels(FormMain.Picture1.Image),
-                           pixels(FormMain.Image)};
-    });
-}
-
-void ExpectAt(int piece, Number x, Number y) {
-    const Arrangement now = Now();
-    EXPECT_EQ(now.ActivePiece, -1);
-    EXPECT_EQ(now.X[piece], x);
-    EXPECT_EQ(now.Y[piece], y);
-}
-
-/// The shown quillet, in the top left corner of the playing area.
-Arrangement ShownFigure() {
-    Arrangement figure;
-    OnGameThread([&] {
-        const auto shown = static_cast<std::size_t>(Game.CurrentQuillet);
-        for (int p = 0; p < PieceCount; ++p) {
-            figure.X[p] = 20 + Game.SolX[p][shown];
-            figure.Y[p] = 20 + Game.SolY[p][shown];
-            figure.Turn[p] = Game.SolTurn[p][shown];
-        }
-    });
-    return figure;
-}
-
-/// First the turns and then the places, the low pieces first: the high ones are drawn over those already
-/// laid.
-void Build(const Arrangement& figure) {
-    for (int p = 0; p < PieceCount; ++p) {
-        for (int i = 0; i < TurnCount && Now().Turn[p] != figure.Turn[p]; ++i) {
+TEST(Board, AFigureIsBuiltByMouseToTheApplause) {
+    StartGame();
+    const auto shown = static_cast<std::size_t>(Ask([] { return Game.CurrentQuillet; }));
+    for (int p = 0; p < PieceCount; ++p)
+        while (Ask([&] { return Game.PieceTurn[p] != Game.SolTurn[p][shown]; })) {
             PressInside(p, MouseButton::Right);
             Release(MouseButton::Right);
         }
-        EXPECT_EQ(Now().Turn[p], figure.Turn[p]);
-    }
-    for (int p = 0; p < PieceCount; ++p) Drag(p, figure.X[p], figure.Y[p]);
+    // The low pieces first: the high ones are drawn over those already laid.
+    for (int p = 0; p < PieceCount; ++p) Drag(p, 20 + Game.SolX[p][shown], 20 + Game.SolY[p][shown]);
+    Answer("You got it - congratulations", XK_Return);
+    Await("the next quillet", [&] {
+        const auto next = shown < static_cast<std::size_t>(Game.QuilletCount) ? shown + 1 : 1;
+        return Game.CurrentQuillet == static_cast<Number>(next) && Game.PieceX == Game.HomeX;
+    });
+    AwaitBoardOnScreen();
 }
 
-/// The figure is black up to its edges, which are in the board's colour around a piece in play.
-void ExpectApplauseAndNextQuillet(const Arrangement& figure) {
-    const Number shown = Ask([] { return Game.CurrentQuillet; });
-    AwaitBox("You got it - congratulations");
-    OnGameThread([&] {
-        for (int p = 0; p < PieceCount; ++p) {
-            const auto turn = static_cast<std::size_t>(figure.Turn[p]);
-            const Number x = Game.BoardX0 + figure.X[p] + Game.PieceShape[1][p][turn];
-            const Number y = Game.BoardY0 + figure.Y[p] + Game.PieceShape[2][p][turn];
-            EXPECT_NE(FormMain.Picture1.Image.Point(x, y), Game.BoardColor) << "piece " << p;
+TEST(Board, ADragEndsAtItsReleaseOrWhereItBegan) {
+    StartGame();
+    const auto hand = [] { return std::tuple(Game.ActivePiece, Game.PieceX, Game.PieceY); };
+    const auto atHome = Ask(hand);
+    const auto expectBackHome = [&] { Await("the piece back", [&] { return hand() == atHome; }); };
+    Carry(5, 100, 250);
+    PointAt(Part("FormMain", "Picture1"), {-200, 500});
+    EXPECT_EQ(Ask([] { return Game.ActivePiece; }), 5);
+    Release(MouseButton::Left);
+    expectBackHome();
+    Carry(2, 60, 300);
+    OpenAnotherProgram();
+    expectBackHome();
+    Release(MouseButton::Left);
+    Carry(2, 60, 300);
+    QMetaObject::invokeMethod(
+        qApp, [] { MsgBox("A pause"); }, Qt::QueuedConnection);
+    expectBackHome();
+    Answer("A pause", XK_Return);
+    Release(MouseButton::Left);
+    expectBackHome();
+    Drag(2, 60, 300);
+    EXPECT_EQ(Ask([] { return std::pair(Game.PieceX[2], Game.PieceY[2]); }), std::pair(60.0, 300.0));
+    AwaitBoardOnScreen();
+}
+
+TEST(Keys, AreTheBoardsAlsoAfterAPressOnThePanel) {
+    struct Nudge {
+        unsigned long Key, Modifier;
+        int X, Y;
+    };
+    StartGame();
+    for (int numLock = 0; numLock < 2; ++numLock) {
+        Click(Part("Form1", "MenuButx_6"));
+        Await("the keyboard on the board", [] { return Part("FormMain")->isActiveWindow(); });
+        for (const Nudge& nudge :
+             {Nudge{XK_Right, 0, 1, 0}, Nudge{XK_Up, XK_Shift_L, 0, -5}, Nudge{XK_Left, XK_Control_L, -1, 0},
+              Nudge{XK_KP_Left, 0, -1, 0}, Nudge{XK_KP_Up, 0, 0, -1}, Nudge{XK_KP_Right, 0, 1, 0},
+              Nudge{XK_KP_Down, 0, 0, 1}}) {
+            auto wanted = Ask([] { return std::pair(Game.PieceX, Game.PieceY); });
+            for (int p = 0; p < PieceCount; ++p)
+                if (p == Game.LastPiece || nudge.Modifier == XK_Control_L) {
+                    wanted.first[p] += nudge.X;
+                    wanted.second[p] += nudge.Y;
+                }
+            PressKey(nudge.Key, nudge.Modifier);
+            Await("the nudge", [&] { return wanted == std::pair(Game.PieceX, Game.PieceY); });
         }
-        MoveAside(OpenBox()->winId());
-    });
-    AwaitBoardOnScreen();
-    PressEnter();
-    Await("the end of the box", [] { return !OpenBox(); });
-    OnGameThread([&] {
-        EXPECT_EQ(Game.CurrentQuillet, shown < Game.QuilletCount ? shown + 1 : 1);
-        EXPECT_EQ(Game.PieceX, Game.HomeX);
-        EXPECT_EQ(Game.PieceY, Game.HomeY);
-        EXPECT_TRUE(std::ranges::equal(Game.PieceTurn, Game.HomeTurn));
-        EXPECT_TRUE(FormMain.Picture1.Enabled);
-    });
-    AwaitBoardOnScreen();
+        const auto turns = Ask([] { return Game.PieceTurn; });
+        PressKey(XK_Tab);
+        Await("the turn", [&] { return Game.PieceTurn != turns; });
+        PressKey(XK_Num_Lock);
+    }
+}
+
+namespace {
+
+/// Where both windows really are goes into a file, so that one run can be compared with the next.
+void StartAndExit() {
+    StartGame();
+    std::ofstream corners(Folder() / "corners");
+    for (const char* window : {"Form1", "FormMain"}) {
+        const QPoint corner = Ask([&] { return CornerOf(Part(window)->winId()); });
+        corners << corner.x() << ' ' << corner.y() << std::endl;
+    }
+    ExpectEnd([] { Choose("Form1", "Exit"); });
+}
+
+void MoveAndExit() {
+    StartGame();
+    for (const char* window : {"Form1", "FormMain"}) {
+        const QPoint before = Ask([&] { return CornerOf(Part(window)->winId()); });
+        OnGameThread([&] { Part(window)->move(Part(window)->pos() + QPoint(40, 60)); });
+        Await("the move", [&] { return CornerOf(Part(window)->winId()) != before; });
+    }
+    ExpectEnd([] { Choose("Form1", "Exit"); });
 }
 
 } // namespace
 
-TEST(Board, TwoFiguresAreBuiltFromHomeToApplause) {
-    StartGame();
-    for (int round = 0; round < 2; ++round) {
-        const Arrangement figure = ShownFigure();
-        Build(figure);
-        ExpectApplauseAndNextQuillet(figure);
+TEST(BoardAndPanel, StandWhereTheyStoodAfterTenExits) {
+    EXPECT_EXIT(MoveAndExit(), testing::ExitedWithCode(0), "");
+    const std::string moved = Content(Folder() / "Quillets.cfg");
+    EXPECT_NE(moved, Content(SHIPPED "/Quillets.cfg"));
+    std::set<std::string> corners;
+    for (int run = 0; run < 10; ++run) {
+        EXPECT_EXIT(StartAndExit(), testing::ExitedWithCode(0), "");
+        EXPECT_EQ(Content(Folder() / "Quillets.cfg"), moved);
+        corners.insert(Content(Folder() / "corners"));
     }
-}
-
-TEST(Board, TheLastTurnWinsLikeADrop) {
-    StartGame();
-    const Arrangement figure = ShownFigure();
-    OnGameThread([&] {
-        Game.PieceX = figure.X;
-        Game.PieceY = figure.Y;
-        Game.PieceTurn = figure.Turn;
-        const auto turn = static_cast<std::size_t>(figure.Turn[LastDrawn]);
-        Game.PieceTurn[LastDrawn] = static_cast<Number>((turn + TurnCount - 1) % TurnCount);
-        Game.PieceX[LastDrawn] -= Game.TurnShiftX[LastDrawn][turn];
-        Game.PieceY[LastDrawn] -= Game.TurnShiftY[LastDrawn][turn];
-        FormMain.Image.Cls();
-        FormMain.Picture1.Image.Cls();
-        Deliver(CheckAllTurns);
-        Deliver(DrawAllPieces);
-    });
-    PressInside(LastDrawn, MouseButton::Right);
-    ExpectApplauseAndNextQuillet(figure);
-}
-
-TEST(Board, DropsAreJudgedAtTheFourLimits) {
-    StartGame();
-    const auto turn = static_cast<std::size_t>(Now().Turn[LastDrawn]);
-    const Number right = 330 - Ask([&] { return Game.PieceWidth[LastDrawn][turn]; });
-    const Number bottom = 365 - Ask([&] { return Game.PieceHeight[LastDrawn][turn]; });
-    struct Limit {
-        Number X, Y, BeyondX, BeyondY;
-    };
-    for (const Limit& limit : {Limit{20, 150, 19, 150}, Limit{120, 20, 120, 19},
-                               Limit{right, 150, right + 1, 150}, Limit{120, bottom, 120, bottom + 1}}) {
-        const Arrangement before = Now();
-        Drag(LastDrawn, limit.BeyondX, limit.BeyondY);
-        ExpectAt(LastDrawn, before.X[LastDrawn], before.Y[LastDrawn]);
-        Drag(LastDrawn, limit.X, limit.Y);
-        ExpectAt(LastDrawn, limit.X, limit.Y);
-    }
-    AwaitBoardOnScreen();
-}
-
-TEST(Board, TheRightButtonDuringADragEndsItAsADrop) {
-    StartGame();
-    Carry(TakeInHand(0), 150, 200);
-    const Arrangement inHand = Now();
-    Press(MouseButton::Right);
-    EXPECT_EQ(Now(), inHand);
-    Release(MouseButton::Right);
-    ExpectAt(0, 150, 200);
-    const Arrangement dropped = Now();
-    MoveTo(40, 40);
-    Release(MouseButton::Left);
-    EXPECT_EQ(Now(), dropped);
-}
-
-TEST(Board, AnotherProgramDuringADragSendsThePieceBack) {
-    StartGame();
-    const Arrangement atHome = Now();
-    Carry(TakeInHand(2), 60, 300);
-    OpenAnotherProgram();
-    Await("the end of the drag", [] { return Game.ActivePiece == -1; });
-    EXPECT_EQ(Now(), atHome);
-    Release(MouseButton::Left);
-    EXPECT_EQ(Now(), atHome);
-    AwaitBoardOnScreen();
-    Drag(2, 60, 300);
-    ExpectAt(2, 60, 300);
-}
-
-TEST(Board, ADragGoesOnOutsideTheWindow) {
-    StartGame();
-    const Hold hold = TakeInHand(5);
-    MoveTo(500, -90);
-    MoveTo(-90, 200);
-    EXPECT_EQ(Now().ActivePiece, 5);
-    Carry(hold, 100, 250);
-    Release(MouseButton::Left);
-    ExpectAt(5, 100, 250);
-    Drag(5, 420, 250);
-    ExpectAt(5, 100, 250);
-    AwaitBoardOnScreen();
+    EXPECT_EQ(corners.size(), 1U) << *corners.begin() << *corners.rbegin();
 }

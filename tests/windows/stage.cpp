@@ -1,4 +1,4 @@
-// Runs one case beside the game, and judges the game's end.
+// Runs one case beside the game, with real events and a look at the real screen.
 #include "tests/windows/stage.h"
 
 #include "core/board_window.h"
@@ -6,16 +6,28 @@
 #include "shell/events.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QThread>
 #include <atomic>
 #include <cmath>
-#include <cstdlib>
+#include <fstream>
 #include <future>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <thread>
+// clang-format off: the words that these define break every header after them
+#define Font XFont
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+#undef Font
+// clang-format on
 
 namespace {
 
@@ -23,60 +35,87 @@ constexpr std::chrono::seconds Patience(10);
 
 std::promise<void> Curtain;
 std::atomic<bool> EndExpected = false;
-std::function<bool()> EndCheck;
-BoardEvents Seen;
-int AllReleases = 0;
 
-/// Stands on the game's thread and watches the mouse events, above all those that reach the board's picture.
+/// What the game's windows have had of the mouse; the pointer in pixels of the display.
+int ButtonEvents = 0;
+QPoint Pointer;
+
 class Watcher : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        AllReleases += event->type() == QEvent::MouseButtonRelease;
-        const auto* mouse = dynamic_cast<QMouseEvent*>(event);
-        if (!mouse || receiver->objectName() != "Picture1") return false;
-        const QEvent::Type type = event->type();
-        Seen.Presses += type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
-        Seen.Releases += type == QEvent::MouseButtonRelease;
-        Seen.Pixel = {NearestInt32(std::floor(mouse->position().x())),
-                      NearestInt32(std::floor(mouse->position().y()))};
+        const auto* mouse = receiver->isWindowType() ? dynamic_cast<QMouseEvent*>(event) : nullptr;
+        if (!mouse) return false;
+        ButtonEvents +=
+            event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease;
+        Pointer = (mouse->globalPosition() * qApp->devicePixelRatio()).toPoint();
         return false;
     }
 };
 Watcher* TheWatcher = nullptr;
 
-/// Runs at every end of the process but the case's own.
-void JudgeEnd() {
-    if (EndExpected && EndCheck()) return;
-    std::cout << "The game ended the process" << (EndExpected ? " in the wrong state" : "") << std::endl;
+void Fail(const std::string& complaint) {
+    std::cout << complaint << std::endl;
     std::_Exit(EXIT_FAILURE);
 }
 
-void RunCase() {
-    const int result = RUN_ALL_TESTS();
-    std::cout.flush();
-    std::_Exit(result);
+/// A connection of the player's own.
+Display* Connection() {
+    static Display* connection = XOpenDisplay(nullptr);
+    return connection;
+}
+
+Window Root() {
+    return DefaultRootWindow(Connection());
+}
+
+/// The pixel of the display, within the window's frame, that shows the middle of one of the window's own.
+QPoint DevicePixel(const QWidget* window, QPoint pixel) {
+    const QPointF place = (pixel + QPointF(0.5, 0.5)) * window->devicePixelRatio();
+    return {static_cast<int>(place.x()), static_cast<int>(place.y())};
+}
+
+void SendButton(MouseButton button, bool down) {
+    const int before = Ask([] { return ButtonEvents; });
+    XTestFakeButtonEvent(Connection(), static_cast<unsigned>(button), down, CurrentTime);
+    XSync(Connection(), False);
+    Await("a button event", [&] { return ButtonEvents > before; });
+}
+
+template <typename Dialog>
+Dialog* Open() {
+    auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+    return dialog && dialog->isActiveWindow() ? dialog : nullptr;
 }
 
 } // namespace
 
 const std::filesystem::path& Folder() {
     static const std::filesystem::path folder = [] {
-        if (const char* given = std::getenv("PROGRAM_FOLDER")) return std::filesystem::path(given);
-        std::string name = (std::filesystem::temp_directory_path() / "program.XXXXXX").string();
-        return std::filesystem::path(mkdtemp(name.data()));
+        std::string name = std::filesystem::temp_directory_path() / "programXXXXXX";
+        if (!std::getenv("PROGRAM_FOLDER")) setenv("PROGRAM_FOLDER", mkdtemp(name.data()), 1);
+        return std::getenv("PROGRAM_FOLDER");
     }();
     return folder;
 }
 
+std::string Content(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 void StartGame() {
-    std::filesystem::copy_file(COLLECTION, Folder() / "QUILLET.qui",
-                               std::filesystem::copy_options::skip_existing);
-    StartGameWithoutCollection();
-    OnGameThread([] { QApplication::instance()->installEventFilter(TheWatcher); });
+    for (const char* file : {"QUILLET.qui", "Quillets.cfg"})
+        std::filesystem::copy_file(std::filesystem::path(SHIPPED) / file, Folder() / file,
+                                   std::filesystem::copy_options::skip_existing);
+    Curtain.set_value();
+    OnGameThread([] { qApp->installEventFilter(TheWatcher); });
     AwaitBoardOnScreen();
 }
 
-void StartGameWithoutCollection() {
-    Curtain.set_value();
+void ExpectEnd(const std::function<void()>& act) {
+    EndExpected = true;
+    act();
+    std::this_thread::sleep_for(Patience);
+    Fail("The game goes on");
 }
 
 void OnGameThread(const std::function<void()>& call) {
@@ -87,49 +126,180 @@ void OnGameThread(const std::function<void()>& call) {
 void Await(const std::string& what, const std::function<bool()>& condition) {
     const auto deadline = std::chrono::steady_clock::now() + Patience;
     while (!Ask(condition)) {
-        if (std::chrono::steady_clock::now() > deadline) {
-            std::cout << "Waited in vain for " << what << std::endl;
-            std::_Exit(EXIT_FAILURE);
-        }
+        if (std::chrono::steady_clock::now() > deadline) Fail("Waited in vain for " + what);
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
 }
 
-void ExpectEnd(const std::function<void()>& act, const std::function<bool()>& check) {
-    EndCheck = check;
-    EndExpected = true;
-    act();
-    std::this_thread::sleep_for(Patience);
-    ADD_FAILURE() << "the game goes on";
+QWidget* Part(const char* window, const char* name) {
+    return Ask([&]() -> QWidget* {
+        for (QWidget* part : QApplication::allWidgets())
+            if (part->window()->objectName() == window
+                && (name ? part->objectName() == name && part->isVisible() : part->isWindow()))
+                return part;
+        return nullptr;
+    });
 }
 
-BoardEvents SeenByBoard() {
-    return Ask([] { return Seen; });
+void PointAt(QWidget* widget, QPoint place) {
+    // Aimed anew until the window is where it is going to stand.
+    Await("the pointer", [&] {
+        const QWidget* window = widget->window();
+        const QPoint aim = CornerOf(window->winId()) + DevicePixel(window, widget->mapTo(window, place));
+        XTestFakeMotionEvent(Connection(), -1, aim.x(), aim.y(), CurrentTime);
+        XSync(Connection(), False);
+        return Pointer == aim;
+    });
 }
 
-int ReleasesSeen() {
-    return Ask([] { return AllReleases; });
+void Press(MouseButton button) {
+    SendButton(button, true);
 }
 
-QWidget* WindowNamed(const char* name) {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->objectName() == name) return window;
-    return nullptr;
+void Release(MouseButton button) {
+    SendButton(button, false);
 }
 
-QMessageBox* OpenBox() {
-    return dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+void Click(QWidget* widget, QPoint place, MouseButton button) {
+    PointAt(widget, place);
+    Press(button);
+    Release(button);
+}
+
+QPoint PressInside(int piece, MouseButton button) {
+    const auto shows = [&](int x, int y) { return FormMain.Image.Point(x, y) == Game.PieceRGB[piece]; };
+    const QPoint place = Ask([&] {
+        for (int y = 0; y < FormMain.Image.Height(); ++y)
+            for (int x = 0; x < FormMain.Image.Width(); ++x)
+                if (shows(x, y) && shows(x - 4, y) && shows(x + 4, y) && shows(x, y - 4) && shows(x, y + 4))
+                    return QPoint(x, y);
+        return QPoint();
+    });
+    PointAt(Part("FormMain", "Picture1"), place);
+    Press(button);
+    return place;
+}
+
+void Carry(int piece, Number x, Number y) {
+    const QPoint way = Ask([&] { return QPointF(x - Game.PieceX[piece], y - Game.PieceY[piece]).toPoint(); });
+    // The piece follows from the first move on.
+    const QPoint hold = PressInside(piece, MouseButton::Left) + QPoint(3, -2);
+    for (const QPoint step : {QPoint(), way / 2, way}) PointAt(Part("FormMain", "Picture1"), hold + step);
+}
+
+void Drag(int piece, Number x, Number y) {
+    Carry(piece, x, y);
+    Release(MouseButton::Left);
+}
+
+void Choose(const char* window, const char* item) {
+    auto* bar = Ask([&] { return Part(window)->findChild<QMenuBar*>(); });
+    Await("the menu bar",
+          [&] { return QApplication::topLevelAt(bar->mapToGlobal(QPoint(9, 9))) == bar->window(); });
+    Click(bar, Ask([&] { return bar->actionGeometry(bar->actions().first()).center(); }));
+    Await("the menu", [] { return QApplication::activePopupWidget(); });
+    auto* menu = Ask([] { return dynamic_cast<QMenu*>(QApplication::activePopupWidget()); });
+    for (QAction* action : Ask([&] { return menu->actions(); }))
+        if (action->text() == item)
+            return Click(menu, Ask([&] { return menu->actionGeometry(action).center(); }));
+}
+
+void PressKey(unsigned long key, unsigned long modifier) {
+    const auto send = [](unsigned long symbol, bool down) {
+        if (symbol)
+            XTestFakeKeyEvent(Connection(), XKeysymToKeycode(Connection(), symbol), down, CurrentTime);
+    };
+    send(modifier, true);
+    send(key, true);
+    send(key, false);
+    send(modifier, false);
+    XSync(Connection(), False);
+}
+
+void Answer(const std::string& text, unsigned long key, unsigned long modifier) {
+    const auto open = [&] {
+        return Open<QMessageBox>() && Open<QMessageBox>()->text().toStdString() == text;
+    };
+    Await("the box: " + text, open);
+    PressKey(key, modifier);
+    Await("the end of the box", [&] { return !open(); });
+}
+
+void TypeName(const std::string& name) {
+    Await("a file dialog", Open<QFileDialog>);
+    const auto* line = Ask([] { return Open<QFileDialog>()->findChild<QLineEdit*>("fileNameEdit"); });
+    PressKey(XK_a, XK_Control_L);
+    for (const char c : name) PressKey(static_cast<unsigned char>(c));
+    Await("the name", [&] { return line->text().toStdString() == name; });
+    PressKey(XK_Return);
+    Await("the end of the dialog", [] { return !Open<QFileDialog>(); });
+}
+
+unsigned long WindowsOnScreen() {
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0, left = 0;
+    unsigned char* list = nullptr;
+    const Atom clients = XInternAtom(Connection(), "_NET_CLIENT_LIST", False);
+    XGetWindowProperty(Connection(), Root(), clients, 0, 9, False, AnyPropertyType, &type, &format, &count,
+                       &left, &list);
+    return count;
+}
+
+QPoint CornerOf(unsigned long window) {
+    int x = 0, y = 0;
+    Window child = 0;
+    XTranslateCoordinates(Connection(), window, Root(), 0, 0, &x, &y, &child);
+    return {x, y};
+}
+
+void OpenAnotherProgram() {
+    XMapWindow(Connection(), XCreateSimpleWindow(Connection(), Root(), 2500, 1500, 200, 200, 0, 0, 0));
+    XSync(Connection(), False);
+}
+
+void AwaitBoardOnScreen() {
+    Await("the board on the screen", [] {
+        QWidget* window = Part("FormMain");
+        const QImage shot = window->screen()->grabWindow(window->winId()).toImage();
+        const QRect picture = window->findChild<QWidget*>("Picture1")->geometry();
+        const QRect label = window->findChild<QLabel*>()->geometry();
+        const auto wanted = [&](int x, int y) {
+            const bool board = picture.contains(x, y);
+            return board ? FormMain.Picture1.Image.Row(y - picture.top())[x - picture.left()] : 0xFFF0F0F0;
+        };
+        // Where the scale is a fraction, an edge can stand one pixel further.
+        const int reach = window->devicePixelRatio() == std::floor(window->devicePixelRatio()) ? 0 : 1;
+        for (int i = 0; i < window->width() * window->height(); ++i) {
+            const int x = i % window->width(), y = i / window->width();
+            bool right = label.adjusted(-reach, -reach, reach, reach).contains(x, y);
+            for (int dy = -reach; dy <= reach; ++dy)
+                for (int dx = -reach; dx <= reach; ++dx)
+                    right = right || shot.pixel(DevicePixel(window, {x, y})) == wanted(x + dx, y + dy);
+            if (!right) return false;
+        }
+        return true;
+    });
 }
 
 int main(int argc, char** argv) {
+    const std::string folder = Folder();
     testing::InitGoogleTest(&argc, argv);
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
     Watcher watcher;
     TheWatcher = &watcher;
-    std::atexit(JudgeEnd);
-    std::at_quick_exit(JudgeEnd);
-    std::thread(RunCase).detach();
+    const auto judgeEnd = [] {
+        if (!EndExpected) Fail("The game ended the process");
+    };
+    std::atexit(judgeEnd);
+    std::at_quick_exit(judgeEnd);
+    std::thread([] {
+        const int result = RUN_ALL_TESTS();
+        std::cout.flush();
+        std::_Exit(result);
+    }).detach();
     Curtain.get_future().wait();
     DesignWindows();
-    std::filesystem::current_path(Folder()); // as the program does
-    return RunDesktop(argc, argv, FormMain, Folder().string());
+    std::filesystem::current_path(folder); // as the program does
+    return RunDesktop(argc, argv, FormMain, folder);
 }

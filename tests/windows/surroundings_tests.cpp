@@ -1,0 +1,177 @@
+// The game on desktops of all kinds: it starts at once, can be played, heard, printed and left, and spoils no
+// file.
+#include "core/panel_window.h"
+#include "platform_qt/qt_desktop.h"
+#include "tests/windows/stage.h"
+
+#include <QApplication>
+#include <X11/keysym.h>
+#include <csignal>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sstream>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+#ifdef SANITIZED
+constexpr std::chrono::seconds AtOnce(5);
+#else
+constexpr std::chrono::seconds AtOnce(1);
+#endif
+
+void StartAtOnce() {
+    const auto start = std::chrono::steady_clock::now();
+    StartGame();
+    Await("the panel", [] { return Part("Form1")->isVisible(); });
+    if (std::chrono::steady_clock::now() - start > AtOnce) std::_Exit(3);
+}
+
+/// With a look at the tiles, a cue, a piece and a page.
+void PlayPrintAndExit() {
+    StartAtOnce();
+    const auto corner = [](const char* tile) {
+        return Ask([&] { return Part("Form1", tile)->mapTo(ClientAreaOf(Form1), QPoint()); });
+    };
+    if (corner("MenuButx_6") != QPoint(8, 70) || corner("MenuButx_11") != QPoint(220, 70)) std::_Exit(4);
+    Click(Part("Form1", "MenuButx_11"));
+    Click(Part("Form1", "MenuButx_6"));
+    Await("the first quillet", [] { return Game.CurrentQuillet == 1; });
+    Drag(2, 60, 300);
+    Await("the piece", [] { return Game.PieceX[2] == 60 && Game.PieceY[2] == 300; });
+    AwaitBoardOnScreen();
+    Choose("Form1", "Print");
+    Await("the page", [] { return QApplication::activeModalWidget() == Part("PrintShapes"); });
+    Choose("PrintShapes", "Print this page");
+    Answer("Print this page?", XK_Return);
+    TypeName("page.pdf");
+    Choose("PrintShapes", "Exit");
+    Await("the end of the page", [] { return !QApplication::activeModalWidget(); });
+    ExpectEnd([] { Choose("Form1", "Exit"); });
+}
+
+void Close(const char* window) {
+    OnGameThread([&] { Part(window)->activateWindow(); });
+    Await("the window to close", [&] { return Part(window)->isActiveWindow(); });
+    PressKey(XK_F4, XK_Alt_L);
+}
+
+void StartAndEnd(const std::function<void()>& end) {
+    StartAtOnce();
+    ExpectEnd(end);
+}
+
+void Kill(const char* process) {
+    kill(std::atoi(std::getenv(process)), SIGKILL);
+}
+
+/// A sound server that lets everybody in and never says a word.
+pollfd OpenMuteServer(const std::string& path) {
+    sockaddr_un address{AF_UNIX, {}};
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    const pollfd server{socket(AF_UNIX, SOCK_STREAM, 0), POLLIN, 0};
+    bind(server.fd, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    listen(server.fd, 8);
+    return server;
+}
+
+/// What a locale, a theme or a broken disk could change: numbers with commas, strange files, half a file.
+void ExpectFiles(const std::string& settings) {
+    EXPECT_EQ(Content(Folder() / "Quillets.cfg"), settings);
+    EXPECT_EQ(Content(Folder() / "QUILLET.qui"), Content(SHIPPED "/QUILLET.qui"));
+    EXPECT_FALSE(std::filesystem::exists(Folder() / "QuiFile.tmp"));
+}
+
+/// In the settings before a run, and after it: whole pixels on every display.
+const std::string Written = "QUILLET.qui\r\n .48e3 9.0e2 51.00e2 900.0\r\n";
+const std::string Rewritten = "QUILLET.qui\r\n 480  900  5100  900 \r\n";
+
+} // namespace
+
+TEST(Surroundings, AGameIsPlayedHeardPrintedAndLeft) {
+    const std::string silent = std::getenv("PULSE_SERVER"), mutePath = Folder() / "mute";
+    pollfd mute = OpenMuteServer(mutePath);
+    std::filesystem::create_directories(Folder() / "themes");
+    std::ofstream(Folder() / "themes/kdeglobals") << "[Colors:Window]\nBackgroundNormal=20,20,20\n"
+                                                     "ForegroundNormal=250,250,250\n[Colors:Button]\n"
+                                                     "BackgroundNormal=20,20,20\n";
+    for (const std::string language : {"de_DE", "ar_EG"}) {
+        const std::string locale = Folder() / (language + ".UTF-8");
+        if (std::filesystem::exists(locale)) continue;
+        EXPECT_EQ(std::system(("localedef -i " + language + " -f UTF-8 " + locale).c_str()), 0);
+    }
+    const std::vector<std::pair<std::string, std::string>> rows[] = {
+        {{"PULSE_SERVER", "unix:" + mutePath}},
+        {{"PULSE_SERVER", silent},
+         {"XDG_CURRENT_DESKTOP", "KDE"},
+         {"KDE_SESSION_VERSION", "5"},
+         {"XDG_CONFIG_HOME", Folder() / "themes"}},
+        {{"LOCPATH", Folder()}, {"LC_ALL", "de_DE.UTF-8"}},
+        {{"LC_ALL", "ar_EG.UTF-8"}},
+        {{"QT_SCALE_FACTOR", "1.25"}},
+        {{"QT_SCALE_FACTOR", "1.75"}},
+        {{"QT_SCALE_FACTOR", "2"}},
+        {{"QT_SCALE_FACTOR", "3"}},
+    };
+    for (const auto& row : rows) {
+        for (const auto& [name, value] : row) setenv(name.c_str(), value.c_str(), 1);
+        std::ofstream(Folder() / "Quillets.cfg") << Written;
+        std::filesystem::remove(Folder() / "page.pdf");
+        EXPECT_EXIT(PlayPrintAndExit(), testing::ExitedWithCode(0), "") << row[0].first << row[0].second;
+        ExpectFiles(Rewritten);
+        const std::string page = Content(Folder() / "page.pdf"), box = "/MediaBox [0 0 ";
+        double width = 0, height = 0;
+        std::istringstream(page.substr(std::min(page.size(), page.find(box) + box.size()))) >> width
+            >> height;
+        EXPECT_NEAR(width, 7.72 * 72, 0.3);
+        EXPECT_NEAR(height, 6.03 * 72, 0.3);
+    }
+    EXPECT_EQ(poll(&mute, 1, 0), 1);
+}
+
+TEST(Surroundings, EveryEndLeavesWholeFiles) {
+    struct End {
+        std::function<void()> Act;
+        std::function<bool(int)> Status;
+        std::string Settings;
+    };
+    const testing::ExitedWithCode well(0), badly(1);
+    const testing::KilledBySignal terminated(SIGTERM);
+    const End ends[] = {{[] { Close("FormMain"); }, well, Written},
+                        {[] { Close("Form1"); }, well, Rewritten},
+                        {[] { kill(getpid(), SIGTERM); }, terminated, Written},
+                        {[] { Kill("DISPLAY_SERVER"); }, badly, Written}};
+    for (const End& end : ends) {
+        std::ofstream(Folder() / "Quillets.cfg") << Written;
+        EXPECT_EXIT(StartAndEnd(end.Act), end.Status, "") << &end - ends;
+        ExpectFiles(end.Settings);
+    }
+}
+
+TEST(Surroundings, AGameIsPlayedWithoutAWindowManager) {
+    Kill("WINDOW_MANAGER");
+    std::ofstream(Folder() / "Quillets.cfg") << Written;
+    EXPECT_EXIT(PlayPrintAndExit(), testing::ExitedWithCode(0), "");
+    ExpectFiles(Rewritten);
+}
+
+TEST(Surroundings, AnInstalledGameKeepsThePlayersFilesApart) {
+    const std::filesystem::path installed = Folder() / "installed", own = Folder() / "quillets";
+    std::filesystem::copy(PROGRAM, installed);
+    std::filesystem::permissions(installed, std::filesystem::perms(0555));
+    setenv("XDG_DATA_HOME", Folder().c_str(), 1);
+    // To the superuser no folder is closed, unless the process gives that up.
+    const std::string player = geteuid() == 0 ? "setpriv --bounding-set=-all --inh-caps=-all " : "";
+    const auto start = std::chrono::steady_clock::now();
+    FILE* game = popen((player + (installed / "quillets").string()).c_str(), "r");
+    while (WindowsOnScreen() < 2 && std::chrono::steady_clock::now() - start < 2 * AtOnce) usleep(5000);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, AtOnce);
+    PressKey(XK_F4, XK_Alt_L);
+    EXPECT_EQ(pclose(game), 0);
+    EXPECT_EQ(Content(own / "QUILLET.qui"), Content(SHIPPED "/QUILLET.qui"));
+    EXPECT_EQ(Content(own / "Quillets.cfg"), Content(SHIPPED "/Quillets.cfg"));
+    std::filesystem::permissions(installed, std::filesystem::perms(0755));
+}
