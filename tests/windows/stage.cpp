@@ -63,10 +63,6 @@ Display* Connection() {
     return connection;
 }
 
-Window Root() {
-    return DefaultRootWindow(Connection());
-}
-
 /// The pixel of the display, within the window's frame, that shows the middle of one of the window's own.
 QPoint DevicePixel(const QWidget* window, QPoint pixel) {
     const QPointF place = (pixel + QPointF(0.5, 0.5)) * window->devicePixelRatio();
@@ -152,44 +148,39 @@ void PointAt(QWidget* widget, QPoint place) {
     });
 }
 
-void Press(MouseButton button) {
-    SendButton(button, true);
-}
-
-void Release(MouseButton button) {
-    SendButton(button, false);
+void Release() {
+    SendButton(MouseButton::Left, false);
 }
 
 void Click(QWidget* widget, QPoint place, MouseButton button) {
     PointAt(widget, place);
-    Press(button);
-    Release(button);
+    SendButton(button, true);
+    SendButton(button, false);
 }
 
-QPoint PressInside(int piece, MouseButton button) {
+QPoint InsideOf(int piece) {
     const auto shows = [&](int x, int y) { return FormMain.Image.Point(x, y) == Game.PieceRGB[piece]; };
-    const QPoint place = Ask([&] {
+    return Ask([&] {
         for (int y = 0; y < FormMain.Image.Height(); ++y)
             for (int x = 0; x < FormMain.Image.Width(); ++x)
                 if (shows(x, y) && shows(x - 4, y) && shows(x + 4, y) && shows(x, y - 4) && shows(x, y + 4))
                     return QPoint(x, y);
         return QPoint();
     });
-    PointAt(Part("FormMain", "Picture1"), place);
-    Press(button);
-    return place;
 }
 
 void Carry(int piece, Number x, Number y) {
     const QPoint way = Ask([&] { return QPointF(x - Game.PieceX[piece], y - Game.PieceY[piece]).toPoint(); });
+    const QPoint inside = InsideOf(piece), hold = inside + QPoint(3, -2);
+    PointAt(Part("FormMain", "Picture1"), inside);
+    SendButton(MouseButton::Left, true);
     // The piece follows from the first move on.
-    const QPoint hold = PressInside(piece, MouseButton::Left) + QPoint(3, -2);
     for (const QPoint step : {QPoint(), way / 2, way}) PointAt(Part("FormMain", "Picture1"), hold + step);
 }
 
 void Drag(int piece, Number x, Number y) {
     Carry(piece, x, y);
-    Release(MouseButton::Left);
+    Release();
 }
 
 void Choose(const char* window, const char* item) {
@@ -205,14 +196,10 @@ void Choose(const char* window, const char* item) {
 }
 
 void PressKey(unsigned long key, unsigned long modifier) {
-    const auto send = [](unsigned long symbol, bool down) {
+    for (const auto& [symbol, down] :
+         {std::pair(modifier, True), {key, True}, {key, False}, {modifier, False}})
         if (symbol)
             XTestFakeKeyEvent(Connection(), XKeysymToKeycode(Connection(), symbol), down, CurrentTime);
-    };
-    send(modifier, true);
-    send(key, true);
-    send(key, false);
-    send(modifier, false);
     XSync(Connection(), False);
 }
 
@@ -235,50 +222,36 @@ void TypeName(const std::string& name) {
     Await("the end of the dialog", [] { return !Open<QFileDialog>(); });
 }
 
-unsigned long WindowsOnScreen() {
-    Atom type = 0;
-    int format = 0;
-    unsigned long count = 0, left = 0;
-    unsigned char* list = nullptr;
-    const Atom clients = XInternAtom(Connection(), "_NET_CLIENT_LIST", False);
-    XGetWindowProperty(Connection(), Root(), clients, 0, 9, False, AnyPropertyType, &type, &format, &count,
-                       &left, &list);
-    return count;
-}
-
 QPoint CornerOf(unsigned long window) {
     int x = 0, y = 0;
     Window child = 0;
-    XTranslateCoordinates(Connection(), window, Root(), 0, 0, &x, &y, &child);
+    XTranslateCoordinates(Connection(), window, DefaultRootWindow(Connection()), 0, 0, &x, &y, &child);
     return {x, y};
 }
 
 void OpenAnotherProgram() {
-    XMapWindow(Connection(), XCreateSimpleWindow(Connection(), Root(), 2500, 1500, 200, 200, 0, 0, 0));
+    XMapWindow(Connection(), XCreateSimpleWindow(Connection(), DefaultRootWindow(Connection()), 2500, 1500,
+                                                 200, 200, 0, 0, 0));
     XSync(Connection(), False);
 }
 
 void AwaitBoardOnScreen() {
     Await("the board on the screen", [] {
         QWidget* window = Part("FormMain");
-        const QImage shot = window->screen()->grabWindow(window->winId()).toImage();
+        const QImage shot = window->screen()->grabWindow(window->winId()).toImage().scaled(window->size());
         const QRect picture = window->findChild<QWidget*>("Picture1")->geometry();
         const QRect label = window->findChild<QLabel*>()->geometry();
-        const auto wanted = [&](int x, int y) {
-            const bool board = picture.contains(x, y);
-            return board ? FormMain.Picture1.Image.Row(y - picture.top())[x - picture.left()] : 0xFFF0F0F0;
-        };
-        // Where the scale is a fraction, an edge can stand one pixel further.
-        const int reach = window->devicePixelRatio() == std::floor(window->devicePixelRatio()) ? 0 : 1;
-        for (int i = 0; i < window->width() * window->height(); ++i) {
-            const int x = i % window->width(), y = i / window->width();
-            bool right = label.adjusted(-reach, -reach, reach, reach).contains(x, y);
-            for (int dy = -reach; dy <= reach; ++dy)
-                for (int dx = -reach; dx <= reach; ++dx)
-                    right = right || shot.pixel(DevicePixel(window, {x, y})) == wanted(x + dx, y + dy);
-            if (!right) return false;
-        }
-        return true;
+        int differing = 0;
+        for (int y = 0; y < shot.height(); ++y)
+            for (int x = 0; x < shot.width(); ++x) {
+                const bool board = picture.contains(x, y);
+                const int row = y - picture.top(), column = x - picture.left();
+                const auto wanted = board ? FormMain.Picture1.Image.Row(row)[column] : 0xFFF0F0F0;
+                differing += !label.contains(x, y) && shot.pixel(x, y) != wanted;
+            }
+        // Where the scale is a fraction, the edges have the steps of the display.
+        const bool exact = window->devicePixelRatio() == std::floor(window->devicePixelRatio());
+        return !shot.isNull() && differing <= (exact ? 0 : shot.width() * shot.height() / 100);
     });
 }
 

@@ -41,15 +41,14 @@ QWidget* Part(const char* window, const char* name = nullptr);
 
 enum class MouseButton { Left = 1, Right = 3 };
 void PointAt(QWidget* widget, QPoint place);
-void Press(MouseButton button);
-void Release(MouseButton button);
 void Click(QWidget* widget, QPoint place = {9, 9}, MouseButton button = MouseButton::Left);
 
-/// Presses the button inside a piece; returns where.
-QPoint PressInside(int piece, MouseButton button);
+/// A pixel of the board well inside the piece, where no other covers it.
+QPoint InsideOf(int piece);
 /// Takes the piece in hand and moves it so that its reference point comes to (x, y) on the board.
 void Carry(int piece, Number x, Number y);
-/// Carries the piece there and lets go of it.
+void Release();
+/// Carries the piece there and releases it.
 void Drag(int piece, Number x, Number y);
 
 /// Chooses from the window's only menu.
@@ -61,10 +60,6 @@ void Answer(const std::string& text, unsigned long key, unsigned long modifier =
 /// Waits for a file dialog and enters the name.
 void TypeName(const std::string& name);
 
-// The display.
-
-/// How many windows there are, of all programs.
-unsigned long WindowsOnScreen();
 /// The top left pixel within the frame of a window, in pixels of the display.
 QPoint CornerOf(unsigned long window);
 /// Opens a window of another program, which takes the keyboard.
