@@ -2,14 +2,22 @@
 // say what is missing.
 #include "app/program_folder.h"
 
+#include "platform/files.h"
+
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
+#include <sstream>
+#include <string>
 #include <system_error>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr std::size_t LargestFile = 16 << 20;
 
 fs::path ExecutableFolder() {
     std::error_code error;
@@ -30,33 +38,84 @@ bool CanWrite(const fs::path& folder) {
     return ::access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
+bool HoldsCollection(const fs::path& folder) {
+    return HoldsSomething(folder / "QUILLET.qui");
+}
+
 bool IsData(const fs::path& file) {
     const fs::path ending = file.extension();
     return ending == ".qui" || ending == ".cfg" || ending == ".wav" || ending == ".htm" || ending == ".png";
 }
 
-/// Copies the shipped files that are missing in the player's folder, with the folders that they stand in.
-void CopyMissing(const fs::path& from, const fs::path& to) {
+/// Tells one version of a shipped file from another (FNV-1a), the same on every machine.
+std::string Sum(const std::string& content) {
+    std::uint64_t sum = 0xcbf29ce484222325U;
+    for (const char c : content) sum = (sum ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
+    return std::to_string(sum);
+}
+
+bool HasSum(const fs::path& path, const std::string& sum) {
+    std::string content;
+    return ReadFile(path, LargestFile, content).empty() && Sum(content) == sum;
+}
+
+/// What was last laid in the player's folder: the sum of each file by its name, or "none" for one that has
+/// always been the player's.
+using Record = std::map<std::string, std::string>;
+
+Record ReadRecord(const fs::path& path) {
+    std::string text, name, sum;
+    ReadFile(path, LargestFile, text);
+    Record record;
+    for (std::istringstream lines(text); lines >> sum >> name;) record[name] = sum;
+    return record;
+}
+
+void WriteRecord(const fs::path& path, const Record& record) {
+    std::ostringstream text;
+    for (const auto& [name, sum] : record) text << sum << ' ' << name << '\n';
+    ReplaceFile(path, text.str());
+}
+
+/// Lays a file that is missing, or that was shipped anew while the player has left it as it was laid.
+void LayFile(const fs::path& shipped, const fs::path& target, std::string& recorded) {
+    std::string content;
+    if (!ReadFile(shipped, LargestFile, content).empty()) return;
+    const std::string sum = Sum(content);
+    std::error_code error;
+    const bool missing = !fs::exists(target, error) && !error;
+    if (recorded == sum && !missing) return;
+    if (missing || HasSum(target, recorded)) {
+        fs::create_directories(target.parent_path(), error);
+        if (!ReplaceFile(target, content).empty()) return;
+    } else if (!HasSum(target, sum)) {
+        return;
+    }
+    recorded = sum;
+}
+
+void LayShippedFiles(const fs::path& from, const fs::path& to) {
     std::error_code error;
     fs::create_directories(to, error);
+    const fs::path path = to / ".shipped";
+    const Record before = ReadRecord(path);
+    Record record = before;
     fs::recursive_directory_iterator entry(from, error);
     for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
-        if (!IsData(entry->path())) continue;
-        const fs::path target = to / entry->path().lexically_relative(from);
-        std::error_code failed;
-        fs::create_directories(target.parent_path(), failed);
-        if (fs::copy_file(entry->path(), target, fs::copy_options::skip_existing, failed))
-            fs::permissions(target, fs::perms::owner_write, fs::perm_options::add, failed);
+        const fs::path name = entry->path().lexically_relative(from);
+        if (IsData(name)) LayFile(entry->path(), to / name, record.try_emplace(name, "none").first->second);
     }
+    if (record != before) WriteRecord(path, record);
 }
 
 } // namespace
 
 std::string ProgramFolder() {
-    const fs::path shipped = ExecutableFolder();
-    fs::path folder = shipped;
-    if (!CanWrite(shipped)) {
-        CopyMissing(shipped, PlayersFolder());
+    const fs::path beside = ExecutableFolder(), shared = (beside / SHARED_FOLDER).lexically_normal();
+    const bool installed = !HoldsCollection(beside) && HoldsCollection(shared);
+    fs::path folder = installed ? shared : beside;
+    if (installed || !CanWrite(beside)) {
+        LayShippedFiles(folder, PlayersFolder());
         if (CanWrite(PlayersFolder())) folder = PlayersFolder();
     }
     std::error_code error;
