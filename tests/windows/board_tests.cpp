@@ -35,7 +35,7 @@ TEST(Board, ADragEndsAtItsReleaseOrWhereItBegan) {
     Release();
     expectBackHome();
     Carry(2, 60, 300);
-    OpenAnotherProgram();
+    OnGameThread([] { Part("Form1")->activateWindow(); });
     expectBackHome();
     Release();
     Carry(2, 60, 300);
@@ -51,30 +51,29 @@ TEST(Board, ADragEndsAtItsReleaseOrWhereItBegan) {
 }
 
 TEST(Keys, AreTheBoardsAlsoAfterAPressOnThePanel) {
-    struct Nudge {
+    const struct {
         unsigned long Key, Modifier;
         int X, Y;
-    };
+    } nudges[] = {{XK_Right, 0, 1, 0},    {XK_Up, XK_Shift_L, 0, -5}, {XK_Left, XK_Control_L, -1, 0},
+                  {XK_KP_Left, 0, -1, 0}, {XK_KP_Up, 0, 0, -1},       {XK_KP_Down, 0, 0, 1}};
+    const auto places = [] { return std::tuple(Game.PieceX, Game.PieceY, Game.PieceTurn); };
     StartGame();
-    for (int numLock = 0; numLock < 2; ++numLock) {
+    for (const char* numLock : {"off", "on"}) {
         Click(Part("Form1", "MenuButx_6"));
         Await("the keyboard on the board", [] { return Part("FormMain")->isActiveWindow(); });
-        for (const Nudge& nudge :
-             {Nudge{XK_Right, 0, 1, 0}, Nudge{XK_Up, XK_Shift_L, 0, -5}, Nudge{XK_Left, XK_Control_L, -1, 0},
-              Nudge{XK_KP_Left, 0, -1, 0}, Nudge{XK_KP_Up, 0, 0, -1}, Nudge{XK_KP_Right, 0, 1, 0},
-              Nudge{XK_KP_Down, 0, 0, 1}}) {
-            auto wanted = Ask([] { return std::pair(Game.PieceX, Game.PieceY); });
-            for (int p = 0; p < PieceCount; ++p)
-                if (p == Game.LastPiece || nudge.Modifier == XK_Control_L) {
-                    wanted.first[p] += nudge.X;
-                    wanted.second[p] += nudge.Y;
-                }
+        for (const auto& nudge : nudges) {
+            auto wanted = Ask(places);
+            for (int p = 0; p < PieceCount; ++p) {
+                if (p != Game.LastPiece && nudge.Modifier != XK_Control_L) continue;
+                std::get<0>(wanted)[p] += nudge.X;
+                std::get<1>(wanted)[p] += nudge.Y;
+            }
             PressKey(nudge.Key, nudge.Modifier);
-            Await("the nudge", [&] { return wanted == std::pair(Game.PieceX, Game.PieceY); });
+            Await(std::string("a nudge, NumLock ") + numLock, [&] { return places() == wanted; });
         }
-        const auto turns = Ask([] { return Game.PieceTurn; });
+        const auto before = Ask(places);
         PressKey(XK_Tab);
-        Await("the turn", [&] { return Game.PieceTurn != turns; });
+        Await("the turn", [&] { return std::get<2>(places()) != std::get<2>(before); });
         PressKey(XK_Num_Lock);
     }
 }

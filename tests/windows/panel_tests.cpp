@@ -5,7 +5,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QLabel>
 #include <QTextBrowser>
 #include <X11/keysym.h>
 #include <fstream>
@@ -35,7 +34,7 @@ TEST(Panel, ACollectionIsSavedUnderAnotherNameAndOpened) {
 }
 
 TEST(Panel, ViewAllOpensBesideTheGameByItsButtonAndAloneByTheTarget) {
-    constexpr QPoint ThirdInSecondRow(2 * 48 + 20, 48 + 20);
+    constexpr QPoint Eleventh(2 * 48 + 20, 48 + 20);
     const auto open = [] { return Part("AllShapes") && Part("AllShapes")->isVisible(); };
     StartGame();
     Click(Part("Form1", "MenuButx_0"));
@@ -43,48 +42,35 @@ TEST(Panel, ViewAllOpensBesideTheGameByItsButtonAndAloneByTheTarget) {
     Drag(2, 60, 300);
     EXPECT_EQ(Ask([] { return Game.PieceY[2]; }), 300);
     QWidget* page = Ask([] { return ClientAreaOf(AllShapes); });
-    PointAt(page, ThirdInSecondRow);
-    Await("its number",
-          [] { return dynamic_cast<QLabel*>(Part("AllShapes", "Label1"))->text().toInt() == 11; });
-    Click(page, ThirdInSecondRow);
-    Await("the chosen quillet", [] { return Game.CurrentQuillet == 11 && Game.PieceX == Game.HomeX; });
-    QWidget* bar = Part("AllShapes", "VScroll1");
-    Click(bar, {bar->width() / 2, bar->height() - 5});
-    Await("the next row", [] { return ViewTop == 8; });
+    Click(page, Eleventh);
+    Await("the eleventh, with its pieces at home",
+          [] { return Game.CurrentQuillet == 11 && Game.PieceX == Game.HomeX; });
     PressKey(XK_Escape);
     Await("the end of View All", [&] { return !open(); });
     Click(Part("Form1", "TargetQui"), {120, 60}, MouseButton::Right);
     Await("View All alone", [] { return QApplication::activeModalWidget() == Part("AllShapes"); });
-    Click(page, ThirdInSecondRow, MouseButton::Right);
+    Click(page, Eleventh, MouseButton::Right);
     Await("the end of View All", [&] { return !open(); });
 }
 
 TEST(Panel, HelpStaysInTheProgramsFolder) {
-    std::ofstream(Folder().parent_path() / "outside.htm") << "outside";
-    std::ofstream(Folder() / "quillets.htm")
-        << "<p><a href='missing.htm'>a link</a></p><p><a href='../outside.htm'>a link</a>"
-           "</p><p><a href='http://127.0.0.1/'>a link</a></p><p><a href='#far'>a link</a></p>"
-        << std::string(4000, '\n') << "<p><a name='far'>far</a></p>";
+    std::ofstream(Folder() / "../outside.htm") << "outside";
+    const char* links[] = {"missing.htm", "../outside.htm", "http://127.0.0.1/", "#here"};
+    std::ofstream page(Folder() / "quillets.htm");
+    for (const char* link : links) page << "<p><a href='" << link << "'>a link</a></p>" << std::flush;
     StartGame();
     Choose("Form1", "Help");
     Await("help", [] { return Part("HelpForm") && Part("HelpForm")->isActiveWindow(); });
     auto* view = dynamic_cast<QTextBrowser*>(Part("HelpForm", "WebBrowser1"));
-    const auto shown = [&] { return Ask([&] { return view->source().fileName() + view->toPlainText(); }); };
-    const QString first = shown();
-    QString followed;
-    for (int y = 0; y < 150; y += 3)
-        if (const QString link = Ask([&] {
-                return view->anchorAt({14, y});
-            });
-            !link.isEmpty() && !followed.endsWith(link)) {
-            followed += link;
-            Click(view->viewport(), {14, y});
-            EXPECT_EQ(shown(), first) << link.toStdString();
-        }
-    EXPECT_EQ(followed, "missing.htm../outside.htmhttp://127.0.0.1/#far");
-    Await("the jump", [&] { return view->source().fragment() == "far"; });
-    Click(Part("HelpForm", "Command1"));
-    Await("the way back", [&] { return view->source().fragment().isEmpty(); });
+    const auto shown = [&] { return view->source().fileName() + view->toPlainText(); };
+    const QString first = Ask(shown);
+    for (const QString link : links) {
+        int y = 0;
+        while (Ask([&] { return view->anchorAt({14, y}); }) != link) ++y;
+        Click(view->viewport(), {14, y});
+        EXPECT_EQ(Ask(shown), first) << link.toStdString();
+    }
+    Await("the only jump", [&] { return view->source().fragment() == "here"; });
 }
 
 TEST(Panel, ItsButtonsTellWhatTheyAre) {

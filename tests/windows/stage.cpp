@@ -20,7 +20,6 @@
 #include <fstream>
 #include <future>
 #include <gtest/gtest.h>
-#include <iostream>
 // clang-format off: the words that these define break every header after them
 #define Font XFont
 #include <X11/Xutil.h>
@@ -39,21 +38,18 @@ std::atomic<bool> EndExpected = false;
 /// What the game's windows have had of the mouse; the pointer in pixels of the display.
 int ButtonEvents = 0;
 QPoint Pointer;
-
 class Watcher : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override {
         const auto* mouse = receiver->isWindowType() ? dynamic_cast<QMouseEvent*>(event) : nullptr;
-        if (!mouse) return false;
-        ButtonEvents +=
-            event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease;
-        Pointer = (mouse->globalPosition() * qApp->devicePixelRatio()).toPoint();
+        if (mouse) ButtonEvents += mouse->type() != QEvent::MouseMove;
+        if (mouse) Pointer = (mouse->globalPosition() * qApp->devicePixelRatio()).toPoint();
         return false;
     }
 };
 Watcher* TheWatcher = nullptr;
 
 void Fail(const std::string& complaint) {
-    std::cout << complaint << std::endl;
+    std::puts(complaint.c_str());
     std::_Exit(EXIT_FAILURE);
 }
 
@@ -84,13 +80,8 @@ Dialog* Open() {
 
 } // namespace
 
-const std::filesystem::path& Folder() {
-    static const std::filesystem::path folder = [] {
-        std::string name = std::filesystem::temp_directory_path() / "programXXXXXX";
-        if (!std::getenv("PROGRAM_FOLDER")) setenv("PROGRAM_FOLDER", mkdtemp(name.data()), 1);
-        return std::getenv("PROGRAM_FOLDER");
-    }();
-    return folder;
+std::filesystem::path Folder() {
+    return std::getenv("PROGRAM_FOLDER");
 }
 
 std::string Content(const std::filesystem::path& path) {
@@ -99,12 +90,12 @@ std::string Content(const std::filesystem::path& path) {
 }
 
 void StartGame() {
-    for (const char* file : {"QUILLET.qui", "Quillets.cfg"})
-        std::filesystem::copy_file(std::filesystem::path(SHIPPED) / file, Folder() / file,
-                                   std::filesystem::copy_options::skip_existing);
+    const auto start = std::chrono::steady_clock::now();
     Curtain.set_value();
     OnGameThread([] { qApp->installEventFilter(TheWatcher); });
     AwaitBoardOnScreen();
+    Await("the panel", [] { return Part("Form1")->isVisible(); });
+    if (std::chrono::steady_clock::now() - start > std::chrono::seconds(AT_ONCE)) Fail("The game came late");
 }
 
 void ExpectEnd(const std::function<void()>& act) {
@@ -161,11 +152,10 @@ void Click(QWidget* widget, QPoint place, MouseButton button) {
 QPoint InsideOf(int piece) {
     const auto shows = [&](int x, int y) { return FormMain.Image.Point(x, y) == Game.PieceRGB[piece]; };
     return Ask([&] {
-        for (int y = 0; y < FormMain.Image.Height(); ++y)
-            for (int x = 0; x < FormMain.Image.Width(); ++x)
-                if (shows(x, y) && shows(x - 4, y) && shows(x + 4, y) && shows(x, y - 4) && shows(x, y + 4))
-                    return QPoint(x, y);
-        return QPoint();
+        for (int i = 0;; ++i)
+            if (const int x = i % FormMain.Image.Width(), y = i / FormMain.Image.Width();
+                shows(x, y) && shows(x - 4, y) && shows(x + 4, y) && shows(x, y - 4) && shows(x, y + 4))
+                return QPoint(x, y);
     });
 }
 
@@ -204,12 +194,10 @@ void PressKey(unsigned long key, unsigned long modifier) {
 }
 
 void Answer(const std::string& text, unsigned long key, unsigned long modifier) {
-    const auto open = [&] {
-        return Open<QMessageBox>() && Open<QMessageBox>()->text().toStdString() == text;
-    };
-    Await("the box: " + text, open);
+    const auto box = [&] { return Open<QMessageBox>() ? Open<QMessageBox>()->text().toStdString() : ""; };
+    Await("the box: " + text, [&] { return box() == text; });
     PressKey(key, modifier);
-    Await("the end of the box", [&] { return !open(); });
+    Await("the end of the box", [&] { return box() != text; });
 }
 
 void TypeName(const std::string& name) {
@@ -229,9 +217,13 @@ QPoint CornerOf(unsigned long window) {
     return {x, y};
 }
 
-void OpenAnotherProgram() {
-    XMapWindow(Connection(), XCreateSimpleWindow(Connection(), DefaultRootWindow(Connection()), 2500, 1500,
-                                                 200, 200, 0, 0, 0));
+void RequestClose(const char* window) {
+    const auto atom = [](const char* name) { return XInternAtom(Connection(), name, False); };
+    const Window receiver = Ask([&] { return Part(window)->winId(); });
+    XEvent event{};
+    event.xclient = {ClientMessage, 0, True, nullptr, receiver, atom("WM_PROTOCOLS"), 32, {}};
+    event.xclient.data.l[0] = static_cast<long>(atom("WM_DELETE_WINDOW"));
+    XSendEvent(Connection(), receiver, False, NoEventMask, &event);
     XSync(Connection(), False);
 }
 
@@ -242,37 +234,31 @@ void AwaitBoardOnScreen() {
         const QRect picture = window->findChild<QWidget*>("Picture1")->geometry();
         const QRect label = window->findChild<QLabel*>()->geometry();
         int differing = 0;
-        for (int y = 0; y < shot.height(); ++y)
-            for (int x = 0; x < shot.width(); ++x) {
-                const bool board = picture.contains(x, y);
-                const int row = y - picture.top(), column = x - picture.left();
-                const auto wanted = board ? FormMain.Picture1.Image.Row(row)[column] : 0xFFF0F0F0;
-                differing += !label.contains(x, y) && shot.pixel(x, y) != wanted;
-            }
+        for (int i = 0; i < shot.width() * shot.height(); ++i) {
+            const QPoint place(i % shot.width(), i / shot.width()), inside = place - picture.topLeft();
+            const bool board = picture.contains(place);
+            const auto wanted = board ? FormMain.Picture1.Image.Row(inside.y())[inside.x()] : 0xFFF0F0F0;
+            differing += !label.contains(place) && shot.pixel(place) != wanted;
+        }
         // Where the scale is a fraction, the edges have the steps of the display.
-        const bool exact = window->devicePixelRatio() == std::floor(window->devicePixelRatio());
+        const bool exact = std::fmod(window->devicePixelRatio(), 1) == 0;
         return !shot.isNull() && differing <= (exact ? 0 : shot.width() * shot.height() / 100);
     });
 }
 
 int main(int argc, char** argv) {
-    const std::string folder = Folder();
     testing::InitGoogleTest(&argc, argv);
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     Watcher watcher;
     TheWatcher = &watcher;
-    const auto judgeEnd = [] {
-        if (!EndExpected) Fail("The game ended the process");
-    };
-    std::atexit(judgeEnd);
-    std::at_quick_exit(judgeEnd);
-    std::thread([] {
-        const int result = RUN_ALL_TESTS();
-        std::cout.flush();
-        std::_Exit(result);
-    }).detach();
+    for (const auto watchEnd : {std::atexit, std::at_quick_exit})
+        watchEnd([] {
+            if (!EndExpected) Fail("The game ended the process");
+        });
+    setvbuf(stdout, nullptr, _IONBF, 0); // the case ends the process without ado
+    std::thread([] { std::_Exit(RUN_ALL_TESTS()); }).detach();
     Curtain.get_future().wait();
     DesignWindows();
-    std::filesystem::current_path(folder); // as the program does
-    return RunDesktop(argc, argv, FormMain, folder);
+    std::filesystem::current_path(Folder()); // as the program does
+    return RunDesktop(argc, argv, FormMain, Folder());
 }

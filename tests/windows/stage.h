@@ -9,12 +9,12 @@
 #include <optional>
 #include <string>
 
-/// The program folder of this case, and of all the runs of the game that it is made of.
-const std::filesystem::path& Folder();
+/// The program folder, with the shipped collection and settings, which put the windows side by side.
+std::filesystem::path Folder();
 std::string Content(const std::filesystem::path& file);
 
-/// Starts the game with the shipped collection and settings, which put the windows side by side, and waits
-/// until the screen shows the board.
+/// Starts the game and waits for both windows, which is a fault when it takes longer than AT_ONCE, in
+/// seconds.
 void StartGame();
 
 /// Acts, and waits for the end of the process, which is a fault before this call.
@@ -62,8 +62,7 @@ void TypeName(const std::string& name);
 
 /// The top left pixel within the frame of a window, in pixels of the display.
 QPoint CornerOf(unsigned long window);
-/// Opens a window of another program, which takes the keyboard.
-void OpenAnotherProgram();
-/// Waits until the board's window shows the board's surface, and around it and the label the plain light
-/// face.
+/// What the close button of a window manager sends.
+void RequestClose(const char* window);
+/// Waits until the board's window shows the board, and around it and the label the plain light face.
 void AwaitBoardOnScreen();
