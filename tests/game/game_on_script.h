@@ -101,9 +101,8 @@ class GameTest : public testing::Test {
         std::size_t sum = 0;
         for (int y = 0; y < 390; ++y)
             for (int x = 0; x < 350; ++x)
-                sum = 31 * sum + std::size_t(PickedAt({x, y}) + 1) + 7 * std::size_t(Board.Image.Row(y)[x]);
-        for (int y = 0; y < 240; ++y)
-            for (int x = 0; x < 240; ++x) sum = 31 * sum + Form1.TargetQui[1].Image.Row(y)[x];
+                sum = 31 * sum + std::size_t(PickedAt({x, y}) + 1) + 7 * std::size_t(Board.Image.Row(y)[x])
+                      + 13 * std::size_t(Form1.TargetQui[1].Image.Point(x, y));
         return text.str() + "\nsum of the pictures " + std::to_string(sum);
     }
 
@@ -133,33 +132,25 @@ class GameTest : public testing::Test {
         auto box = Desktop.Boxes.begin();
         for (const std::string& call : Desktop.Calls)
             calls += (calls.empty() ? "" : "; ") + (call.starts_with("box ") ? Told(*box++) : call);
-        return Replaced(Replaced(Replaced(calls, Desktop.Folder + "/", ""), "media play ", "cue "), ".wav",
-                        "");
+        calls = Replaced(Replaced(calls, "media play ", "cue "), ".wav", "");
+        return Replaced(calls, Desktop.Folder + "/", "");
     }
     static std::string CallsOfButton(const std::string& command) {
         return CallsOf([&] { PressButton(Button(command)); });
     }
-    static std::string CallsOfMenu(const std::string& item) {
+    static std::string CallsOfMenu(const char* item) {
         return CallsOf([&] { ChooseMenuItem(Form1, item); });
     }
     static TileButton& Button(const std::string& command) {
-        return *std::find_if(Form1.MenuButx.begin(), Form1.MenuButx.end(),
-                             [&](const TileButton& button) { return button.ToolTipText == command; });
+        return *std::ranges::find(Form1.MenuButx, command, &TileButton::ToolTipText);
     }
 
-    template <typename PlaceOf>
-    static Places PlacesBy(PlaceOf placeOf) {
+    static Places PlacesNow() { return Gathered(Game.PieceX, Game.PieceY, Game.PieceTurn); }
+    static Places HomePlaces() { return Gathered(Game.HomeX, Game.HomeY, Game.HomeTurn); }
+    static Places Gathered(const auto& x, const auto& y, const auto& turn) {
         Places places;
-        for (int p = 0; p < PieceCount; ++p) places[p] = placeOf(p);
+        for (int p = 0; p < PieceCount; ++p) places[p] = {x[p], y[p], Number(turn[p])};
         return places;
-    }
-    static Places PlacesNow() {
-        return PlacesBy([](int p) { return std::array{Game.PieceX[p], Game.PieceY[p], Game.PieceTurn[p]}; });
-    }
-    static Places HomePlaces() {
-        return PlacesBy([](int p) {
-            return std::array{Game.HomeX[p], Game.HomeY[p], Number(Game.HomeTurn[p])};
-        });
     }
 
     /// Set the pieces without any event, on clean surfaces; the solution with its corner at (left, top).
@@ -174,9 +165,10 @@ class GameTest : public testing::Test {
     }
     static void LaySolution(double left, double top) {
         const auto q = static_cast<std::size_t>(Game.CurrentQuillet);
-        Lay(PlacesBy([&](int p) {
-            return std::array{left + Game.SolX[p][q], top + Game.SolY[p][q], Game.SolTurn[p][q]};
-        }));
+        Places places;
+        for (int p = 0; p < PieceCount; ++p)
+            places[p] = {left + Game.SolX[p][q], top + Game.SolY[p][q], Game.SolTurn[p][q]};
+        Lay(places);
     }
 
     /// A pixel of the board well inside the piece, and one where it can be taken even if others lie there.
@@ -194,22 +186,17 @@ class GameTest : public testing::Test {
         return grip;
     }
 
-    static Colour Shown(int x, int y) { return Board.Image.Point(x, y); }
-    static Colour ColourOf(int piece) { return Shown(InsideOf(piece).X, InsideOf(piece).Y); }
+    static Colour ColourOf(int piece) { return Board.Image.Point(InsideOf(piece).X, InsideOf(piece).Y); }
     /// The piece whose key colour the pick map shows at the pixel; -1 for none.
     static int PickedAt(Vertex pixel) {
         const Colour colour = FormMain.Image.Point(pixel.X, pixel.Y);
-        const auto found = std::find(Game.PieceRGB.begin(), Game.PieceRGB.end(), colour);
+        const auto found = std::ranges::find(Game.PieceRGB, colour);
         return found == Game.PieceRGB.end() ? -1 : static_cast<int>(found - Game.PieceRGB.begin());
     }
 
-    static void Press(int button, Vertex v) {
-        MouseDown(Board, NearestInt16(button), float(v.X), float(v.Y));
-    }
+    static void Press(std::int16_t button, Vertex v) { MouseDown(Board, button, float(v.X), float(v.Y)); }
     static void MoveTo(Vertex v) { MouseMove(Board, 0, float(v.X), float(v.Y)); }
-    static void Release(int button, Vertex v) {
-        MouseUp(Board, NearestInt16(button), float(v.X), float(v.Y));
-    }
+    static void Release(std::int16_t button, Vertex v) { MouseUp(Board, button, float(v.X), float(v.Y)); }
     static void Key(int code, int shift = 0) { KeyDown(Board, NearestInt16(code), NearestInt16(shift)); }
     static void TurnByMouse(int piece) { Press(2, GripOf(piece)), Release(2, GripOf(piece)); }
 

@@ -19,7 +19,9 @@ class SolutionTest : public RunningGame {
     static Places SpreadFigure() {
         for (int p = 0; p < PieceCount; ++p)
             Game.SolX[p][1] = 40 * p, Game.SolY[p][1] = NearestInt16(240 - 40 * p);
-        return PlacesBy([](int p) { return std::array{30 + Game.SolX[p][1], Game.SolY[p][1] - 200.5, 1.}; });
+        Places places;
+        for (int p = 0; p < PieceCount; ++p) places[p] = {30. + 40 * p, 39.5 - 40 * p, 1};
+        return places;
     }
 
     /// The last piece is black with grey edges where the solution has it, at (60, 70); no mouse is taken.
