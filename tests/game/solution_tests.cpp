@@ -17,10 +17,11 @@ class SolutionTest : public RunningGame {
 
     /// Makes the shown quillet one whose places are all far from each other; these, at some corner.
     static Places SpreadFigure() {
-        for (int p = 0; p < PieceCount; ++p)
-            Game.SolX[p][1] = 40 * p, Game.SolY[p][1] = NearestInt16(240 - 40 * p);
         Places places;
-        for (int p = 0; p < PieceCount; ++p) places[p] = {30. + 40 * p, 39.5 - 40 * p, 1};
+        for (int p = 0; p < PieceCount; ++p) {
+            Game.SolX[p][1] = 40 * p, Game.SolY[p][1] = NearestInt16(240 - 40 * p);
+            places[p] = {30. + 40 * p, 39.5 - 40 * p, 1};
+        }
         return places;
     }
 
