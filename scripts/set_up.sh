@@ -3,7 +3,7 @@
 
 RunPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev fonts-liberation)
 CheckPackages=(clang libclang-rt-14-dev clang-format clang-tidy libgtest-dev libbenchmark-dev libxtst-dev libcanberra-pulse xvfb openbox
-               strace python3 desktop-file-utils appstream)
+               strace python3 locales desktop-file-utils appstream)
 
 Stop() {
     printf '\n%s: %s\n' "$(basename "$0")" "$*" >&2

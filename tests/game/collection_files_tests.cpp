@@ -115,12 +115,14 @@ TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletNumbersTheOthersAnewAndKee
 TEST_F(CollectionFilesTest, CopiedAppendedAndRemovedEveryFigureComesBackTheSame) {
     StartWith(Shipped.substr(ShippedHead.size()));
     const std::string before = Collection();
-    for (Number q = 1, last = Game.QuilletCount + 1; q < last; ++q) {
+    const int last = NearestInt32(Game.QuilletCount) + 1;
+    const std::string appended = before + std::to_string(last) + ",60,60,";
+    for (int q = 1; q < last; ++q) {
         SelectQuillet(q);
         EXPECT_EQ(CallsOfButton("Copy"), "cue whoosh1; " + Focus);
         const Places places = PlacesNow();
         ASSERT_EQ(Append(), "cue click2; " + Last + Focus) << q;
-        EXPECT_TRUE(Collection().starts_with(before + std::to_string(NearestInt32(last)) + ",60,60,"));
+        EXPECT_TRUE(Collection().starts_with(appended));
         LaySolution(50, 50);
         EXPECT_EQ(PlacesNow(), places);
         Remove();

@@ -46,8 +46,9 @@ inline const std::string FiveFigures =
 /// Records that start with these three numbers; all pieces lie at (0, 0) in turn 0 but piece 0.
 inline std::string Records(int count, const std::string& start = "1,0,0",
                            const std::string& piece0 = "0,0,0") {
+    const std::string record = start + "," + piece0 + ",0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
     std::string text;
-    while (count-- > 0) text += start + "," + piece0 + ",0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
+    while (count-- > 0) text += record;
     return text;
 }
 

@@ -11,7 +11,7 @@
 
 /// The program folder, with the shipped collection and settings, which put the windows side by side.
 std::filesystem::path Folder();
-std::string Content(const std::filesystem::path& file);
+std::string Content(const std::filesystem::path& path);
 
 /// Starts the game and waits for both windows, which is a fault when it takes longer than AT_ONCE, in
 /// seconds.
