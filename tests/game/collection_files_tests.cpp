@@ -117,11 +117,12 @@ TEST_F(CollectionFilesTest, CopiedAppendedAndRemovedEveryFigureComesBackTheSame)
     const std::string before = Collection();
     const int last = NearestInt32(Game.QuilletCount) + 1;
     const std::string appended = before + std::to_string(last) + ",60,60,";
+    const std::string asked = "cue click2; " + Last + Focus;
     for (int q = 1; q < last; ++q) {
         SelectQuillet(q);
         EXPECT_EQ(CallsOfButton("Copy"), "cue whoosh1; " + Focus);
         const Places places = PlacesNow();
-        ASSERT_EQ(Append(), "cue click2; " + Last + Focus) << q;
+        ASSERT_EQ(Append(), asked) << q;
         EXPECT_TRUE(Collection().starts_with(appended));
         LaySolution(50, 50);
         EXPECT_EQ(PlacesNow(), places);
@@ -150,7 +151,9 @@ TEST_F(CollectionFilesTest, AppendRefusesWarnsAndAsksInThisOrderAndCancelLeavesN
         const std::string before = Collection() + Scene();
         Desktop.Answers.assign(yes, BoxAnswer::Ok);
         if (boxes != TooLarge) Desktop.Answers.push_back(BoxAnswer::Cancel);
-        EXPECT_EQ(Append(), "cue click2; " + boxes + Focus) << width << " by " << height;
+        std::string asked = "cue click2; ";
+        asked.append(boxes).append(Focus);
+        EXPECT_EQ(Append(), asked) << width << " by " << height;
         EXPECT_EQ(Collection() + Scene(), before);
     }
     Desktop.WhileModal = nullptr;

@@ -71,7 +71,9 @@ TEST(Surroundings, AGameIsPlayedHeardPrintedAndLeft) {
     for (const std::string language : {"de_DE", "ar_EG"}) {
         const std::string locale = Folder() / (language + ".UTF-8");
         if (std::filesystem::exists(locale)) continue;
-        EXPECT_EQ(std::system(("localedef -i " + language + " -f UTF-8 " + locale).c_str()), 0);
+        std::string command = "localedef -f UTF-8 -i ";
+        command.append(language).append(" ").append(locale);
+        EXPECT_EQ(std::system(command.c_str()), 0);
     }
     const auto expectAGame = [](const std::string& surroundings) {
         SCOPED_TRACE(surroundings);
