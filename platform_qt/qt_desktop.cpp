@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QTime>
 #include <cstdlib>
@@ -41,9 +42,21 @@ FormWindow& WindowOf(Form& form) {
     return *window;
 }
 
+/// Every menu has its room, so the menu bar's icon for those without is left out: reading it would load the
+/// library of each picture format at the start.
+class GameStyle : public QProxyStyle {
+  public:
+    GameStyle() : QProxyStyle("Fusion") {}
+    QIcon standardIcon(StandardPixmap kind, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        return kind == SP_ToolBarHorizontalExtensionButton ? QIcon()
+                                                           : QProxyStyle::standardIcon(kind, option, widget);
+    }
+};
+
 /// The game's colours are light on every desktop, so that black figures stand out.
 void SetLightColours() {
-    QApplication::setStyle("Fusion");
+    QApplication::setStyle(new GameStyle);
     QPalette colours(QtColour(ButtonFace));
     colours.setColor(QPalette::Window, QtColour(ButtonFace));
     QApplication::setPalette(colours);
