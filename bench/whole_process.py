@@ -17,7 +17,7 @@ import threading
 import time
 
 X11, XTest, Damage = (ctypes.CDLL(ctypes.util.find_library(name)) for name in ("X11", "Xtst", "Xdamage"))
-SUBSTRUCTURE_NOTIFY, MAP_NOTIFY = 1 << 19, 19
+SUBSTRUCTURE_NOTIFY, CREATE_NOTIFY, MAP_NOTIFY = 1 << 19, 16, 19
 ROUNDS = 15
 SQUARE = 186, 116  # within the board's window, at the start
 
@@ -42,20 +42,33 @@ def next_event(display):
     return event
 
 
+def damage_event(display):
+    """What the server calls its news of a changed picture; these events have their window in place of the parent."""
+    base, error = ctypes.c_int(), ctypes.c_int()
+    Damage.XDamageQueryExtension(display, ctypes.byref(base), ctypes.byref(error))
+    return base.value
+
+
 def started(program, folder):
-    """The process of a program with its arguments, its two windows, and the milliseconds until both were there."""
+    """The process of a program with its arguments, its two windows, and the milliseconds until both were there, and
+    until both had their pictures."""
     display, root = connect()
+    damage = damage_event(display)
     X11.XSelectInput(display, root, SUBSTRUCTURE_NOTIFY)
     X11.XSync(display, 0)
-    begin, windows = time.perf_counter(), []
+    begin, mapped, drawn = time.perf_counter(), {}, {}
     process = subprocess.Popen(program, cwd=folder)
-    while len(windows) < 2:
+    while len(mapped) < 2 or not mapped.keys() <= drawn.keys():
         event = next_event(display)
-        if event.type == MAP_NOTIFY:
-            windows.append(event.window)
-    took = 1000 * (time.perf_counter() - begin)
+        now = 1000 * (time.perf_counter() - begin)
+        if event.type == CREATE_NOTIFY:
+            Damage.XDamageCreate(display, ctypes.c_ulong(event.window), 0)
+        elif event.type == MAP_NOTIFY:
+            mapped[event.window] = now
+        elif event.type == damage:
+            drawn.setdefault(event.parent, now)
     X11.XCloseDisplay(display)
-    return process, windows, took
+    return process, list(mapped), (max(mapped.values()), max(drawn[window] for window in mapped))
 
 
 def end(process):
@@ -71,16 +84,17 @@ def memory(process):
 
 
 def compare_starts(programs, folder):
-    """Medians of start and memory of each program, the programs by turns."""
-    starts, sizes = [[] for _ in programs], [[] for _ in programs]
+    """Medians of both moments of the start and of memory of each program, the programs by turns."""
+    there, drawn, sizes = ([[] for _ in programs] for _ in range(3))
     for _ in range(ROUNDS):
         for index, program in enumerate(programs):
-            process, _, took = started(program, folder)
-            starts[index].append(took)
+            process, _, (windows, pictures) = started(program, folder)
+            there[index].append(windows)
+            drawn[index].append(pictures)
             time.sleep(0.5)
             sizes[index].append(memory(process))
             end(process)
-    return [statistics.median(row) for row in starts], [statistics.median(row) for row in sizes]
+    return [[statistics.median(row) for row in rows] for rows in (there, drawn, sizes)]
 
 
 def wake_ups(process):
@@ -112,8 +126,7 @@ def width_of(window):
 def watch_damage(window, times):
     """Notes the time of each change of the window's picture."""
     display, _ = connect()
-    base, error = ctypes.c_int(), ctypes.c_int()
-    Damage.XDamageQueryExtension(display, ctypes.byref(base), ctypes.byref(error))
+    damage_event(display)
     Damage.XDamageCreate(display, ctypes.c_ulong(window), 0)
     while True:
         next_event(display)
@@ -172,12 +185,11 @@ def report(what, value, goal, unit=""):
 def measure(build, rest, scratch):
     folder = game_folder(build, scratch)
     game, empty = [folder / "quillets"], [build / "bench" / "empty_windows"]
-    starts, sizes = compare_starts([game, empty, empty + ["word"]], folder)
-    print("  start {:.1f} ms, {:.1f} ms empty, {:.1f} ms with a word".format(*starts))
-    print("  memory {:.1f} MiB, {:.1f} MiB empty, {:.1f} MiB with a word".format(*sizes))
-    for index, what in (1, "empty windows"), (2, "windows with a word"):
-        report(f"start against two {what}", starts[0] / starts[index], 1.3)
-        report(f"memory against two {what}", sizes[0] / sizes[index], 1.2)
+    figures = compare_starts([game, empty, empty + ["word"]], folder)
+    for (what, unit, goal), row in zip((("windows", "ms", 1.3), ("pictures", "ms", 1.3), ("memory", "MiB", 1.2)), figures):
+        print("  {}: {:.1f} {unit}, {:.1f} {unit} empty, {:.1f} {unit} with a word".format(what, *row, unit=unit))
+        report(f"{what} against two empty windows", row[0] / row[1], goal)
+        report(f"{what} against two windows with a word", row[0] / row[2], goal)
     process, windows, _ = started(game, folder)
     time.sleep(40)  # the toolkit empties its cache of pictures after half a minute
     before = wake_ups(process)
