@@ -54,20 +54,6 @@ TEST_F(CollectionReaderTest, RecordsCountInFileOrderFromTheirCornersAndThoseNotA
     EXPECT_EQ(place(0, 3), std::tuple(5, 7, 4));
 }
 
-TEST_F(CollectionReaderTest, LineEndsAndTheEndOfTheFileMayVaryAndFiveHundredLoad) {
-    const std::string text = ShippedHead + Records(1), ended = text.substr(0, text.size() - 2);
-    std::string unixEnds = text;
-    std::erase(unixEnds, '\r');
-    for (const std::string& variant : {text, unixEnds, ended, ended + "\r", text + "\r\n\r\n",
-                                       unixEnds + "\n \n\n", ShippedHead + "\r\n \r\n" + Records(1)}) {
-        EXPECT_EQ(StartOn(variant), Shown);
-        EXPECT_EQ(Game.QuilletCount, 1);
-    }
-    EXPECT_EQ(StartOn(text + Records(1, "0,0,0") + Records(499)), Shown);
-    EXPECT_EQ(Game.QuilletCount, 500);
-    EXPECT_EQ(StartOn(ShippedHead + Records(501)), "box Cannot handle more than 500 Quillets; end");
-}
-
 TEST_F(CollectionReaderTest, AMalformedFileIsRefusedWithItsLineAndFaultAndTheTablesStay) {
     const std::string good = ShippedHead + Records(1);
     const std::pair<std::string, std::string> cases[] = {
