@@ -13,6 +13,8 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 #include <algorithm>
 #include <utility>
 
@@ -28,14 +30,30 @@ Qt::WindowFlags FlagsOf(const Form& form) {
     return flags;
 }
 
-/// The nearest place for the window on a screen; its own place if any part of it shows there.
-QPoint OnScreen(QRect window) {
+/// What a window manager's frame around a window takes, or somewhat more.
+constexpr QSize FrameRoom(12, 36);
+
+/// How much of a window has room on the screen. Where one direction is cut, the bar to scroll it takes its
+/// room in the other.
+QSize ShownOf(QSize whole, const QScreen& screen, int barExtent) {
+    const QSize room = screen.availableSize() - FrameRoom;
+    QSize wanted = whole;
+    if (whole.height() > room.height()) wanted.rwidth() += barExtent;
+    if (whole.width() > room.width()) wanted.rheight() += barExtent;
+    return wanted.boundedTo(room);
+}
+
+/// The nearest place for the window on a screen; its own place if it shows there, with all of it or any part.
+QPoint OnScreen(QRect window, bool all) {
     // Any place may stand in a settings file; far enough away is far enough.
     constexpr int Farthest = 1'000'000;
     window.moveTo(std::clamp(window.left(), -Farthest, Farthest),
                   std::clamp(window.top(), -Farthest, Farthest));
     const QList<QScreen*> screens = QGuiApplication::screens();
-    const auto shows = [&](const QScreen* screen) { return screen->availableGeometry().intersects(window); };
+    const auto shows = [&](const QScreen* screen) {
+        const QRect area = screen->availableGeometry();
+        return all ? area.contains(window) : area.intersects(window);
+    };
     if (screens.isEmpty() || std::any_of(screens.begin(), screens.end(), shows)) return window.topLeft();
     const auto distance = [&](const QScreen* screen) {
         return (screen->availableGeometry().center() - window.center()).manhattanLength();
@@ -75,6 +93,10 @@ FormWindow::FormWindow(Form& record)
     // The panel tells its commands by their hover texts alone, and the board has the keyboard meanwhile.
     setAttribute(Qt::WA_AlwaysShowToolTips);
     AddMenus();
+    if (record.Border == BorderStyle::Sizable) {
+        resize(ShownOf(WholeSize(), *screen(), 0));
+        LeadRecord();
+    }
     AddControls(record.Controls, Client);
     ShowRecord(ShownRows::Changed);
 }
@@ -147,16 +169,35 @@ int FormWindow::MenuHeight() const {
     return MenuBar ? MenuBar->sizeHint().height() : 0;
 }
 
-/// The client area below the menu; a window of fixed size follows its record, a sizable one leads it.
+QSize FormWindow::WholeSize() const {
+    return {ClientWidth(Record), ClientHeight(Record) + MenuHeight()};
+}
+
+/// The client area below the menu; a window of fixed size follows its record, a sizable one leads it. Where
+/// the screen has no room for all of a fixed one, it is smaller, and its client area can be scrolled.
 void FormWindow::PlaceClient() {
-    const QSize client(ClientWidth(Record), ClientHeight(Record));
-    if (MenuBar) MenuBar->setGeometry(0, 0, client.width(), MenuHeight());
-    Client->setGeometry(0, MenuHeight(), client.width(), client.height());
-    const QSize whole(client.width(), client.height() + MenuHeight());
-    if (Record.Border == BorderStyle::FixedSingle)
-        setFixedSize(whole);
-    else if (!isVisible())
+    const QSize whole = WholeSize();
+    QSize shown = whole;
+    if (Record.Border == BorderStyle::FixedSingle) {
+        shown = ShownOf(whole, *screen(), style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+        setFixedSize(shown);
+    } else if (!isVisible()) {
         resize(whole);
+    }
+    if (shown != whole && !Scroller) AddScroller();
+    if (MenuBar) MenuBar->setGeometry(0, 0, shown.width(), MenuHeight());
+    Client->resize(whole.width(), whole.height() - MenuHeight());
+    QWidget* below = Scroller ? static_cast<QWidget*>(Scroller) : Client;
+    below->setGeometry(0, MenuHeight(), shown.width(), shown.height() - MenuHeight());
+}
+
+void FormWindow::AddScroller() {
+    Scroller = new QScrollArea(this);
+    Scroller->setFrameShape(QFrame::NoFrame);
+    Scroller->setFocusPolicy(Qt::NoFocus);
+    Scroller->setWidget(Client);
+    Scroller->setVisible(true);
+    Client->setVisible(true);
 }
 
 void FormWindow::ShowRecord(ShownRows rows) {
@@ -168,8 +209,10 @@ void FormWindow::ShowRecord(ShownRows rows) {
 }
 
 void FormWindow::ShowAtPlace() {
-    const QRect own(QPoint(PixelsOf(Record.Left), PixelsOf(Record.Top)), size());
-    if (!isVisible()) move(Record.Centred ? CentreOfScreen(size()) : OnScreen(own));
+    const QPoint place(PixelsOf(Record.Left), PixelsOf(Record.Top));
+    // What has to be scrolled is to be seen as far as the screen goes.
+    const QRect own = Scroller ? QRect(place, size() + FrameRoom) : QRect(place, size());
+    if (!isVisible()) move(Record.Centred ? CentreOfScreen(own.size()) : OnScreen(own, Scroller));
     const bool quiet = Record.OpensQuietly && windowModality() == Qt::NonModal;
     setAttribute(Qt::WA_ShowWithoutActivating, quiet);
     LastActive = this;
@@ -207,10 +250,14 @@ void FormWindow::changeEvent(QEvent* event) {
         Deliver(Record.Activate);
 }
 
-void FormWindow::resizeEvent(QResizeEvent*) {
-    if (Record.Border != BorderStyle::Sizable || !isVisible()) return;
+void FormWindow::LeadRecord() {
     Resize(Record, static_cast<float>(width() * TwipsPerPixelX()) + FrameWidth(Record.Border),
            static_cast<float>((height() - MenuHeight()) * TwipsPerPixelY()) + FrameHeight(Record.Border));
+}
+
+void FormWindow::resizeEvent(QResizeEvent*) {
+    if (Record.Border != BorderStyle::Sizable || !isVisible()) return;
+    LeadRecord();
     Deliver([this] {
         if (Record.Resized) Record.Resized();
     });

@@ -43,13 +43,18 @@ class FormWindow : public QWidget {
     template <typename Widget>
     void ShowLater(Widget* widget);
     void AddMenus();
+    QSize WholeSize() const;
     void PlaceClient();
+    void AddScroller();
+    void LeadRecord();
     int MenuHeight() const;
 
     Form& Record;
     ClientWidget* Client;
     ScrollBarWidget* Bar = nullptr;
     class QMenuBar* MenuBar = nullptr;
+    /// Holds the client area where the screen is smaller than the window.
+    class QScrollArea* Scroller = nullptr;
     std::vector<PictureWidget*> Pictures;
     std::vector<std::function<void()>> OtherControls;
 };
