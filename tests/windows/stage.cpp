@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -231,18 +230,14 @@ void AwaitBoardOnScreen() {
     Await("the board on the screen", [] {
         QWidget* window = Part("FormMain");
         const QImage shot = window->screen()->grabWindow(window->winId()).toImage().scaled(window->size());
-        const QRect picture = window->findChild<QWidget*>("Picture1")->geometry();
-        const QRect label = window->findChild<QLabel*>()->geometry();
-        int differing = 0;
-        for (int i = 0; i < shot.width() * shot.height(); ++i) {
-            const QPoint place(i % shot.width(), i / shot.width()), inside = place - picture.topLeft();
-            const bool board = picture.contains(place);
-            const auto wanted = board ? FormMain.Picture1.Image.Row(inside.y())[inside.x()] : 0xFFF0F0F0;
-            differing += !label.contains(place) && shot.pixel(place) != wanted;
-        }
+        const QPoint board = window->findChild<QWidget*>("Picture1")->pos();
+        const Surface& surface = FormMain.Picture1.Image;
+        int differing = shot.pixel(1, 1) == 0xFFF0F0F0 ? 0 : shot.width() * shot.height();
+        for (int y = 0; y < surface.Height(); ++y)
+            for (int x = 0; x < surface.Width(); ++x)
+                differing += shot.pixel(board + QPoint(x, y)) != surface.Row(y)[x];
         // Where the scale is a fraction, the edges have the steps of the display.
-        const bool exact = std::fmod(window->devicePixelRatio(), 1) == 0;
-        return !shot.isNull() && differing <= (exact ? 0 : shot.width() * shot.height() / 100);
+        return differing <= (std::fmod(window->devicePixelRatio(), 1) == 0 ? 0 : 1000);
     });
 }
 

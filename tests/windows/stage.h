@@ -64,5 +64,5 @@ void TypeName(const std::string& name);
 QPoint CornerOf(unsigned long window);
 /// What the close button of a window manager sends.
 void RequestClose(const char* window);
-/// Waits until the board's window shows the board, and around it and the label the plain light face.
+/// Waits until the board's window shows the board, in a frame of the plain light face.
 void AwaitBoardOnScreen();

@@ -10,7 +10,6 @@
 #include <fstream>
 #include <future>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -20,11 +19,8 @@ namespace {
 /// With a cue, a piece and a page. A tile that is hit where it is meant to be is not mirrored.
 void PlayPrintAndExit() {
     StartGame();
-    QWidget* panel = Ask([] { return ClientAreaOf(Form1); });
-    Click(panel, {225, 75});
+    Click(Ask([] { return ClientAreaOf(Form1); }), {225, 75});
     Await("the sound", [] { return Game.SoundOn == Game.FlagOn; });
-    Click(panel, {13, 75});
-    Await("the first quillet", [] { return Game.CurrentQuillet == 1; });
     Drag(2, 60, 300);
     Await("the piece", [] { return Game.PieceX[2] == 60 && Game.PieceY[2] == 300; });
     AwaitBoardOnScreen();
@@ -81,12 +77,8 @@ TEST(Surroundings, AGameIsPlayedHeardPrintedAndLeft) {
         std::filesystem::remove(Folder() / "page.pdf");
         EXPECT_EXIT(PlayPrintAndExit(), testing::ExitedWithCode(0), "");
         ExpectFiles(Rewritten);
-        const std::string page = Content(Folder() / "page.pdf"), box = "/MediaBox [0 0 ";
-        double width = 0, height = 0;
-        std::istringstream(page.substr(std::min(page.size(), page.find(box) + box.size()))) >> width
-            >> height;
-        EXPECT_NEAR(width, 7.72 * 72, 0.3);
-        EXPECT_NEAR(height, 6.03 * 72, 0.3);
+        const std::string page = Content(Folder() / "page.pdf");
+        EXPECT_NE(page.find("/MediaBox [0 0 556.000000 434.000000]"), page.npos);
     };
     setenv("LOCPATH", Folder().c_str(), 1);
     setenv("KDE_SESSION_VERSION", "5", 1);
