@@ -73,26 +73,11 @@ void CopySomething(Pair& both) {
         }
 }
 
-void ClearOrResize(Pair& both) {
-    Surface& surface = both.Drawn;
-    surface.BackColor = Rgb(Between(0, 255), 0, 0);
-    const bool clear = Between(0, 1);
-    const Reference before = clear ? Reference(1, 1, surface.BackColor) : both.Plain;
-    if (clear)
-        surface.Cls();
-    else
-        surface.Resize(Between(1, 45), Between(1, 45));
-    both.Plain = Reference(surface.Width(), surface.Height(), surface.BackColor);
-    for (int y = 0; y < before.Height; ++y)
-        for (int x = 0; x < before.Width; ++x) both.Plain.Set(x, y, before.At(x, y));
-}
-
 void DrawSomething(Pair& both) {
-    const int kind = Between(0, 9);
+    const int kind = Between(0, 8);
     if (kind < 5) Draw(both, SomeShape(), Between(0, 1) ? FillMode::Solid : FillMode::None);
     if (kind == 5 || kind == 6) DrawSomeBox(both);
-    if (kind == 7 || kind == 8) CopySomething(both);
-    if (kind == 9) ClearOrResize(both);
+    if (kind > 6) CopySomething(both);
 }
 
 TEST(SurfaceTest, DrawsEveryPixelByTheRuleAndTellsOfEveryRowThatChanged) {
