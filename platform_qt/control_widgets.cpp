@@ -6,7 +6,6 @@
 #include "platform_qt/qt_text.h"
 #include "platform_qt/show_surface.h"
 
-#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -50,14 +49,6 @@ void DeliverMouse(MouseHandler handler, const QMouseEvent& event, int unitsPerPi
 }
 
 } // namespace
-
-QAccessibleInterface* RoleOfWidget(const QString&, QObject* object) {
-    if (auto* picture = dynamic_cast<PictureWidget*>(object))
-        return new QAccessibleWidget(picture, QAccessible::Graphic);
-    if (auto* frame = dynamic_cast<FrameWidget*>(object))
-        return new QAccessibleWidget(frame, QAccessible::Grouping);
-    return nullptr;
-}
 
 PictureWidget::PictureWidget(Picture& record, QWidget* parent) : QWidget(parent), Record(record) {
     setObjectName(QString::fromStdString(record.Name));

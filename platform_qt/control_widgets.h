@@ -4,7 +4,6 @@
 #include "platform/forms.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -14,9 +13,6 @@
 
 /// Which rows of a surface are to be shown: those refreshed, or all that were drawn on.
 enum class ShownRows { Due, Changed };
-
-/// Tells assistive programs what the widgets are for which Qt has no kind: a factory for QAccessible.
-QAccessibleInterface* RoleOfWidget(const QString& className, QObject* object);
 
 class PictureWidget : public QWidget {
   public:

@@ -7,6 +7,7 @@
 #include "platform_qt/qt_desktop.h"
 #include "platform_qt/qt_text.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QIcon>
@@ -85,6 +86,16 @@ QIcon WindowIcon() {
 }
 
 } // namespace
+
+QAccessibleInterface* RoleOfWidget(const QString&, QObject* object) {
+    const auto roleOf = [&](QAccessible::Role role) {
+        return new QAccessibleWidget(static_cast<QWidget*>(object), role);
+    };
+    if (dynamic_cast<FormWindow*>(object)) return roleOf(QAccessible::Window);
+    if (dynamic_cast<PictureWidget*>(object)) return roleOf(QAccessible::Graphic);
+    if (dynamic_cast<FrameWidget*>(object)) return roleOf(QAccessible::Grouping);
+    return nullptr;
+}
 
 FormWindow::FormWindow(Form& record)
     : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new ClientWidget(record, this)) {

@@ -3,8 +3,12 @@
 
 #include "platform_qt/control_widgets.h"
 
+#include <QAccessible>
 #include <functional>
 #include <vector>
+
+/// Tells assistive programs what the widgets are for which Qt has no kind: a factory for QAccessible.
+QAccessibleInterface* RoleOfWidget(const QString& className, QObject* object);
 
 class FormWindow : public QWidget {
   public:
