@@ -10,6 +10,7 @@
 #include <fstream>
 #include <future>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -62,6 +63,7 @@ TEST(Surroundings, AGameIsPlayedHeardPrintedAndLeft) {
     // In a row's own process the server is there already.
     static_cast<void>(bind(mute, reinterpret_cast<sockaddr*>(&address), sizeof address));
     listen(mute, 8);
+    std::ofstream(Folder() / "libcanberra.so.0") << "no library";
     std::filesystem::create_directories(Folder() / "../home/.config");
     std::ofstream(Folder() / "../home/.config/kdeglobals") << "[Colors:Window]\nBackgroundNormal=20,20,20\n";
     for (const std::string language : {"de_DE", "ar_EG"}) {
@@ -95,7 +97,11 @@ TEST(Surroundings, AGameIsPlayedHeardPrintedAndLeft) {
         setenv(name, value.c_str(), 1);
         expectAGame(name + ("=" + value));
     }
+    pollfd heard{mute, POLLIN, 0};
+    EXPECT_EQ(poll(&heard, 1, 0), 1) << "no sound was asked for";
     setenv("QT_SCALE_FACTOR", "1", 1);
+    setenv("LD_LIBRARY_PATH", Folder().c_str(), 1);
+    expectAGame("no sound library");
     Kill("WINDOW_MANAGER");
     expectAGame("no window manager");
 }
