@@ -38,12 +38,6 @@ void Put(const std::string& name, const std::string& text) {
         WriteText(name, text);
 }
 
-std::string FirstLines(const std::string& text, int count) {
-    std::size_t end = 0;
-    while (count-- > 0) end = text.find('\n', end) + 1;
-    return text.substr(0, end);
-}
-
 bool NamesALineOf(const std::string& text) {
     const std::string& message = Desktop.Boxes.back().Text;
     const std::size_t at = message.rfind("\n\rLine ");
@@ -122,7 +116,6 @@ void AppendAndRemove() {
 /// more.
 void Play() {
     const Tables figures = TablesNow();
-    const std::string head = FirstLines(ReadText("fuzzed.qui"), 64);
     Press({"First", "View All", "Last"});
     AllShapes.MouseUp(1, 0, 1000, 100);
     ChooseMenuItem(Form1, "Print");
@@ -132,7 +125,6 @@ void Play() {
     const Tables known = TablesNow();
     if (!Desktop.Ended) AppendAndRemove();
     if (Desktop.Ended) return;
-    Insist(plain.starts_with(head), "the head stays");
     Insist(known.size() != figures.size() || known == figures, "the figures stay");
     Insist(ReadText("fuzzed.qui") == plain && TablesNow() == known, "what comes and goes leaves no trace");
     Desktop.Paths = {Game.AppPath + "copy.qui"};

@@ -39,6 +39,30 @@ TEST_F(CollectionReaderTest, ARowIsScaledByItsUnitAndItsShiftsAndTheStartCellsBy
     EXPECT_EQ(std::pair(Game.HomeX[0], Game.HomeY[0]), std::pair(64., 151.));
 }
 
+TEST_F(CollectionReaderTest, TheShippedShapesAreTheSevenPiecesAndTurnInTheirPlace) {
+    EXPECT_EQ(StartOn(ShippedHead), Shown);
+    const double areas[] = {8, 8, 2, 4, 2, 4, 4}; // in squares of half a side
+    for (int p = 0; p < PieceCount; ++p) {
+        const int turns = p == Square ? 2 : 8;
+        Vertex shift;
+        for (int step = 1; step <= turns; ++step) {
+            const auto turn = static_cast<std::size_t>(step % turns);
+            shift = {NearestInt32(shift.X + Game.TurnShiftX[p][turn]), shift.Y + Game.TurnShiftY[p][turn]};
+            const auto x = [&](std::size_t corner) { return Game.PieceShape[2 * (corner % 4) + 1][p][turn]; };
+            const auto y = [&](std::size_t corner) { return Game.PieceShape[2 * (corner % 4) + 2][p][turn]; };
+            double area = 0, right = 0, bottom = 0;
+            for (std::size_t corner = 0; corner < 4; ++corner) {
+                area += (x(corner) * y(corner + 1) - x(corner + 1) * y(corner)) / 2.;
+                right = std::max<double>(right, x(corner)), bottom = std::max<double>(bottom, y(corner));
+            }
+            EXPECT_NEAR(std::abs(area) / 24 / 24, areas[p], 0.03) << p << " turn " << turn;
+            EXPECT_EQ(std::pair(right, bottom),
+                      std::pair(Game.PieceWidth[p][turn], Game.PieceHeight[p][turn]));
+        }
+        EXPECT_EQ(shift, (Vertex{0, 0})) << p;
+    }
+}
+
 TEST_F(CollectionReaderTest, RecordsCountInFileOrderFromTheirCornersAndThoseNotAboveZeroAreSkipped) {
     EXPECT_EQ(StartOn(ShippedHead + Records(1, "7,60,70", "1,61,75") + Records(1, "0,0,0", "2,2,2")
                       + Records(1, "9,59.25,2.5", "3,60,5") + Records(1, "-3,0,0", "4,4,4")

@@ -1,9 +1,8 @@
 #!/bin/bash
-# The layers hold: includes point down only, and the logic neither names Qt nor needs a symbol of it.
-# Usage: check_layers.sh ROOT LOGIC_LIBRARY... -- QT_LIBRARY...
+# The layers hold: includes point down only, and the logic does not name Qt, whose headers it is not given either.
+# Usage: check_layers.sh ROOT
 set -euo pipefail
 cd "$1"
-shift
 
 declare -A MayInclude=(
     [platform]="platform"
@@ -29,11 +28,4 @@ done
 found=$(grep -rnwE 'Qt[A-Za-z0-9]*|Q[A-Z][a-z][A-Za-z]*|QIODevice|qt_[a-z]+' platform core files play shell || true)
 Fault "The logic names Qt:" "$found"
 
-logic=()
-while [[ $1 != -- ]]; do logic+=("$1") && shift; done
-shift
-needed=$(nm --undefined-only --format=just-symbols "${logic[@]}" | sort -u)
-offered=$(nm --dynamic --defined-only --format=just-symbols "$@" | sed 's/@.*//' | sort -u)
-found=$(comm -12 <(echo "$needed") <(echo "$offered"))
-Fault "The logic needs symbols of Qt:" "$found"
 exit $faults

@@ -75,9 +75,9 @@ void Exit(const char* place, QPoint move) {
     for (const char* window : {"Form1", "FormMain"}) {
         const auto corner = [&] { return Ask([&] { return CornerOf(Part(window)->winId()); }); };
         const QPoint before = corner();
-        corners << before.x() << ' ' << before.y() << std::endl;
         OnGameThread([&] { Part(window)->move(Part(window)->pos() + move); });
         Await("the move", [&] { return (corner() == before) == move.isNull(); });
+        corners << corner().x() << ' ' << corner().y() << std::endl;
     }
     ExpectEnd([] { Choose("Form1", "Exit"); });
 }
@@ -85,14 +85,11 @@ void Exit(const char* place, QPoint move) {
 } // namespace
 
 TEST(BoardAndPanel, StandWhereTheyStoodAfterTenExits) {
-    std::set<std::string> corners, settings;
-    EXPECT_EXIT(Exit("before", {40, 60}), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(Exit("moved", {40, 60}), testing::ExitedWithCode(0), "");
+    std::set<std::string> ends;
     for (int run = 0; run < 10; ++run) {
-        settings.insert(Content(Folder() / "Quillets.cfg"));
         EXPECT_EXIT(Exit("after", {}), testing::ExitedWithCode(0), "");
-        corners.insert(Content(Folder() / "after"));
+        ends.insert(Content(Folder() / "after") + Content(Folder() / "Quillets.cfg"));
     }
-    EXPECT_EQ(settings.size(), 1U) << *settings.begin() << *settings.rbegin();
-    EXPECT_EQ(corners.size(), 1U) << *corners.begin() << *corners.rbegin();
-    EXPECT_NE(*corners.begin(), Content(Folder() / "before"));
+    EXPECT_EQ(ends.size(), 1U) << *ends.begin() << *ends.rbegin();
 }

@@ -69,8 +69,10 @@ TEST(Panel, HelpStaysInTheProgramsFolder) {
     Await("the only jump", [&] { return view->source().fragment() == "here"; });
 }
 
-TEST(Panel, ItsButtonsTellWhatTheyAre) {
+TEST(Panel, ScreenReadersHearWhatTheButtonsAreAndWhatTheBoardShows) {
     StartGame();
+    Click(Part("FormMain", "Picture1"), InsideOf(3));
+    Click(Part("Form1", "MenuButx_6"));
     Click(Part("Form1", "MenuButx_15"));
     Await("the level", [] { return Game.PlayLevel == EasyLevel; });
     OnGameThread([] {
@@ -82,5 +84,12 @@ TEST(Panel, ItsButtonsTellWhatTheyAre) {
             EXPECT_EQ(told->state().checkable, index == 11 || index >= 14) << index;
             EXPECT_EQ(told->state().checked, index == 15) << index;
         }
+        auto* board = QAccessible::queryAccessibleInterface(Part("FormMain", "Picture1"));
+        EXPECT_EQ(std::pair(board->role(), board->text(QAccessible::Name)),
+                  std::pair(QAccessible::Graphic, QString("Board")));
+        EXPECT_EQ(board->text(QAccessible::Description).toStdString(),
+                  "Quillet (1 of 385), Play difficulty: EASY, piece last handled: square, "
+                  "pieces with their final turn: 0 of 7");
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(Part("Form1"))->role(), QAccessible::Window);
     });
 }
