@@ -10,7 +10,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <map>
 #include <set>
 
 using namespace Figures;
@@ -50,10 +49,6 @@ TEST(ShippedFile, IsWhatTheSourcesGiveAndSoIsItsList) {
     for (std::size_t at = 0; (at = list.find("| 1 |\n", at)) != list.npos; ++at) ++single;
     EXPECT_GE(2 * single, figures.size());
     EXPECT_TRUE(300 <= figures.size() && figures.size() <= 400) << figures.size();
-    std::map<std::string_view, int> kinds;
-    for (const Figure& figure : figures) ++kinds[KindName(figure)];
-    EXPECT_EQ(kinds.size(), 3u);
-    for (const auto& [kind, count] : kinds) EXPECT_GE(count, 50) << kind;
 }
 
 TEST(Solver, FindsTheEightSquaresAndTheSameInEveryTurnAndMirrorImage) {
@@ -92,7 +87,6 @@ TEST(Sources, AreRefusedWithPlaceAndReason) {
                       end = "D:flat sw=C.nw G:4 sw=F.n";
     const std::pair<std::string, std::string> cases[] = {
         {"A:se C:ne nw=A.sw", "fewer than seven pieces"},
-        {boat + end + " D:flat", "more than seven pieces"},
         {"A:up " + boat.substr(5) + end, "no new piece with a turn in 'A:up'"},
         {"A:se C:ne s=A.sw", "no corner of that piece in 's=A.sw'"},
         {"A:se C:ne nw=B.sw", "no such place in 'nw=B.sw'"},

@@ -30,14 +30,6 @@ void Insist(bool right, const char* what) {
     std::abort();
 }
 
-/// An empty text takes the file away.
-void Put(const std::string& name, const std::string& text) {
-    if (text.empty())
-        std::filesystem::remove(name);
-    else
-        WriteText(name, text);
-}
-
 bool NamesALineOf(const std::string& text) {
     const std::string& message = Desktop.Boxes.back().Text;
     const std::size_t at = message.rfind("\n\rLine ");
@@ -57,7 +49,7 @@ Tables TablesNow() {
 }
 
 void ReadAsPieceTable(const std::string& text) {
-    Put("QUILLET.qui", text);
+    WriteText("QUILLET.qui", text);
     Game.QuilletFile = Game.AppPath + "QUILLET.qui";
     const auto shapes = Game.PieceShape;
     Desktop.Boxes.clear();
@@ -67,7 +59,7 @@ void ReadAsPieceTable(const std::string& text) {
 }
 
 void ReadAsSettings(const std::string& text) {
-    Put("Quillets.cfg", text);
+    WriteText("Quillets.cfg", text);
     Desktop.Boxes.clear();
     EnsureSettings();
     const Settings read = ReadSettings();
@@ -84,7 +76,7 @@ void ReadAsSettings(const std::string& text) {
 bool OpenCollectionOf(const std::string& text) {
     const Tables before = TablesNow();
     const std::string file = Game.QuilletFile;
-    Put("fuzzed.qui", text);
+    WriteText("fuzzed.qui", text);
     Desktop.Boxes.clear();
     Desktop.Paths = {Game.AppPath + "fuzzed.qui"};
     ChooseMenuItem(Form1, "Open");

@@ -130,10 +130,6 @@ TEST_F(PlayTest, KeysNudgeOrTurnTheLastPieceOrNudgeAllOfThemWithoutLimits) {
         }
     EXPECT_EQ(CallsOf([] { Key(9), Key(9, 1), Key(9, 2); }), "cue Click; cue Click; cue Click");
     EXPECT_EQ(Game.PieceTurn[5], 3);
-    while (Game.PieceX[5] > -10) Key(37, 1);
-    const Places places = PlacesNow();
-    DragTo(5, Game.PieceX[5], Game.PieceY[5] + 30); // still too far left
-    EXPECT_EQ(PlacesNow(), places);
 }
 
 } // namespace

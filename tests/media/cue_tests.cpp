@@ -5,7 +5,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <numeric>
 #include <string>
 #include <vector>
 
@@ -34,8 +33,6 @@ TEST(Cues, AreSmallWavesOfOneLoudnessThatBeginAndEndInSilence) {
             samples.push_back(static_cast<std::int16_t>(Number(bytes, at, 2)) / 32768.0);
         const auto [low, high] = std::ranges::minmax(samples);
         EXPECT_NEAR(20 * std::log10(std::max(-low, high)), -3, 0.1);
-        const double sum = std::accumulate(samples.begin(), samples.end(), 0.0);
-        EXPECT_LT(std::abs(sum / static_cast<double>(samples.size())), 0.001);
         EXPECT_LT(std::max(std::abs(samples.front()), std::abs(samples.back())), 0.001);
     }
 }

@@ -43,10 +43,6 @@ Part PartByTheRule(const Shape& shape, Vertex pixel) {
 
 } // namespace
 
-void PrintTo(Vertex vertex, std::ostream* out) {
-    *out << '(' << vertex.X << ", " << vertex.Y << ')';
-}
-
 Reference::Reference(int width, int height, Colour ground)
     : Width(width), Height(height),
       Pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), ground) {}

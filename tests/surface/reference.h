@@ -3,12 +3,9 @@
 
 #include "platform/surface.h"
 
-#include <ostream>
 #include <vector>
 
 using Shape = std::vector<Vertex>;
-/// How a failing test names a vertex.
-void PrintTo(Vertex vertex, std::ostream* out);
 
 struct Reference {
     int Width;

@@ -98,18 +98,6 @@ TEST(SurfaceTest, DrawsEveryPixelByTheRuleAndTellsOfEveryRowThatChanged) {
     }
 }
 
-TEST(SurfaceTest, PointTellsTheNearestPixelTiesToEvenAndNoColourOutside) {
-    Surface surface(5, 4, Rgb(7, 7, 7));
-    surface.Line(2, 2, 2, 2, Rgb(1, 2, 3));
-    EXPECT_EQ(surface.Row(2)[2], 0xFF010203U);
-    for (const auto& [x, y] : {std::pair(1.5, 2.5), {2.5, 1.5}, {2.49, 2}})
-        EXPECT_EQ(surface.Point(x, y), Rgb(1, 2, 3));
-    for (const auto& [x, y] : {std::pair(-0.5, -0.5), {4.5, 3.49}})
-        EXPECT_EQ(surface.Point(x, y), Rgb(7, 7, 7));
-    for (const auto& [x, y] : {std::pair(-0.51, 0.0), {4.51, 0}, {0, 3.5}, {0, -1}, {1e300, 0}, {0, -1e300}})
-        EXPECT_EQ(surface.Point(x, y), Surface::NoColour) << x << ' ' << y;
-}
-
 TEST(SurfaceTest, RowsAreDueWhenRefreshedAndHandedOverOnce) {
     const auto rows = [](RowRange range) { return range.Empty() ? 0 : 100 * range.First + range.Last; };
     Surface surface(8, 20);
