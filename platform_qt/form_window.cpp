@@ -105,7 +105,7 @@ FormWindow::FormWindow(Form& record)
     setAttribute(Qt::WA_AlwaysShowToolTips);
     AddMenus();
     if (record.Border == BorderStyle::Sizable) {
-        resize(ShownOf(WholeSize(), *screen(), 0));
+        resize(ShownOf({ClientWidth(record), ClientHeight(record) + MenuHeight()}, *screen(), 0));
         LeadRecord();
     }
     AddControls(record.Controls, Client);
@@ -180,14 +180,12 @@ int FormWindow::MenuHeight() const {
     return MenuBar ? MenuBar->sizeHint().height() : 0;
 }
 
-QSize FormWindow::WholeSize() const {
-    return {ClientWidth(Record), ClientHeight(Record) + MenuHeight()};
-}
-
 /// The client area below the menu; a window of fixed size follows its record, a sizable one leads it. Where
 /// the screen has no room for all of a fixed one, it is smaller, and its client area can be scrolled.
 void FormWindow::PlaceClient() {
-    const QSize whole = WholeSize();
+    const int menu = MenuHeight();
+    const QSize client(ClientWidth(Record), ClientHeight(Record));
+    const QSize whole(client.width(), client.height() + menu);
     QSize shown = whole;
     if (Record.Border == BorderStyle::FixedSingle) {
         shown = ShownOf(whole, *screen(), style()->pixelMetric(QStyle::PM_ScrollBarExtent));
@@ -196,10 +194,10 @@ void FormWindow::PlaceClient() {
         resize(whole);
     }
     if (shown != whole && !Scroller) AddScroller();
-    if (MenuBar) MenuBar->setGeometry(0, 0, shown.width(), MenuHeight());
-    Client->resize(whole.width(), whole.height() - MenuHeight());
+    if (MenuBar) MenuBar->setGeometry(0, 0, shown.width(), menu);
+    Client->resize(client);
     QWidget* below = Scroller ? static_cast<QWidget*>(Scroller) : Client;
-    below->setGeometry(0, MenuHeight(), shown.width(), shown.height() - MenuHeight());
+    below->setGeometry(0, menu, shown.width(), shown.height() - menu);
 }
 
 void FormWindow::AddScroller() {

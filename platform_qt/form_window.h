@@ -47,7 +47,6 @@ class FormWindow : public QWidget {
     template <typename Widget>
     void ShowLater(Widget* widget);
     void AddMenus();
-    QSize WholeSize() const;
     void PlaceClient();
     void AddScroller();
     void LeadRecord();
