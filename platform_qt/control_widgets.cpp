@@ -42,7 +42,8 @@ void DeliverMouse(MouseHandler handler, const QMouseEvent& event, int unitsPerPi
     // A press or release of a button that the game doesn't know is none.
     if (!handler || (event.type() != QEvent::MouseMove && ButtonCode(event.button()) == 0)) return;
     const QPoint pixel = PixelOf(event) * unitsPerPixel;
-    Deliver([&] {
+    const auto deliver = event.type() == QEvent::MouseMove ? DeliverMove : Deliver;
+    deliver([&] {
         handler(ButtonCode(event.button()), ShiftState(event.modifiers()), static_cast<float>(pixel.x()),
                 static_cast<float>(pixel.y()));
     });

@@ -6,11 +6,13 @@
 #include "platform_qt/qt_text.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QTime>
+#include <QTimer>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -20,8 +22,17 @@ namespace {
 std::string Folder;
 std::vector<Form*> Loaded;
 std::map<Form*, std::unique_ptr<FormWindow>> Windows;
+QElapsedTimer SinceLastPicture;
+
+/// Runs from the last time that the windows showed anything, and shows what moves have changed since.
+QTimer& NextPicture() {
+    static QTimer timer;
+    return timer;
+}
 
 void ShowChanges(ShownRows rows) {
+    NextPicture().stop();
+    SinceLastPicture.start();
     for (const auto& [form, window] : Windows) window->ShowRecord(rows);
 }
 
@@ -110,6 +121,9 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
     QAccessible::installFactory(RoleOfWidget);
     QApplication::setFont(QtFont({"Arial", 9, false}));
     Folder = folder;
+    NextPicture().setSingleShot(true);
+    NextPicture().setTimerType(Qt::PreciseTimer);
+    NextPicture().callOnTimeout([] { ShowChanges(ShownRows::Changed); });
     Load(startForm);
     ShowForm(startForm, Modality::Modeless);
     return QApplication::exec();
@@ -118,6 +132,16 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
 void Deliver(const std::function<void()>& handler) {
     handler();
     ShowChanges(ShownRows::Changed);
+}
+
+void DeliverMove(const std::function<void()>& handler) {
+    constexpr std::int64_t Pace = 6; // milliseconds
+    handler();
+    QTimer& next = NextPicture();
+    if (SinceLastPicture.hasExpired(Pace))
+        ShowChanges(ShownRows::Changed);
+    else if (!next.isActive())
+        next.start(static_cast<int>(Pace - SinceLastPicture.elapsed()));
 }
 
 void DeliverCommand(const std::function<void()>& handler) {

@@ -13,6 +13,10 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
 /// Runs a handler of the game as an event, and shows what it changed.
 void Deliver(const std::function<void()>& handler);
 
+/// The same for a move of the mouse. A mouse can tell of more moves than any screen shows pictures, so what
+/// they changed is shown at most every 6 milliseconds, and at the latest then.
+void DeliverMove(const std::function<void()>& handler);
+
 /// The same for a button, a menu item or a window's wish to close: a drag under way loses the mouse first.
 void DeliverCommand(const std::function<void()>& handler);
 
