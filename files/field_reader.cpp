@@ -44,15 +44,6 @@ std::string_view FieldReader::NextField() {
     return Trimmed(field);
 }
 
-bool FieldReader::NextWholeNumber(std::int32_t& whole) {
-    const char* end = Rest_.data() + Rest_.size();
-    const auto [stop, error] = std::from_chars(Rest_.data(), end, whole);
-    if (error != std::errc{} || stop == end || *stop != ',') return false;
-    FieldLine_ = Line_;
-    Rest_.remove_prefix(static_cast<std::size_t>(stop + 1 - Rest_.data()));
-    return true;
-}
-
 std::string FieldReader::NextQuotedField() {
     const std::size_t first = Rest_.find_first_not_of(Blanks);
     if (first == std::string_view::npos || Rest_[first] != '"') return std::string(NextField());

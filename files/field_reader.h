@@ -1,6 +1,7 @@
 // Reads a text field by field, as every text file of the game is read.
 #pragma once
 
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -20,7 +21,14 @@ class FieldReader {
 
     /// Reads the next field if it is a whole number of 32 bits with a comma close behind it, as nearly all
     /// are; else nothing, and answers false.
-    bool NextWholeNumber(std::int32_t& whole);
+    bool NextWholeNumber(std::int32_t& whole) {
+        const char* end = Rest_.data() + Rest_.size();
+        const auto [stop, error] = std::from_chars(Rest_.data(), end, whole);
+        if (error != std::errc{} || stop == end || *stop != ',') return false;
+        FieldLine_ = Line_;
+        Rest_.remove_prefix(static_cast<std::size_t>(stop + 1 - Rest_.data()));
+        return true;
+    }
 
     /// A field that may stand in double quotes, and then may hold commas and doubled double quotes.
     std::string NextQuotedField();
