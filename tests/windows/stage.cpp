@@ -200,8 +200,11 @@ void Answer(const std::string& text, unsigned long key, unsigned long modifier) 
 }
 
 void TypeName(const std::string& name) {
-    Await("a file dialog", Open<QFileDialog>);
-    const auto* line = Ask([] { return Open<QFileDialog>()->findChild<QLineEdit*>("fileNameEdit"); });
+    const QLineEdit* line = nullptr;
+    Await("a file dialog", [&] {
+        const auto* dialog = Open<QFileDialog>();
+        return dialog && (line = dialog->findChild<QLineEdit*>("fileNameEdit"));
+    });
     PressKey(XK_a, XK_Control_L);
     for (const char c : name) PressKey(static_cast<unsigned char>(c));
     Await("the name", [&] { return line->text().toStdString() == name; });
