@@ -64,9 +64,9 @@ TEST_F(CollectionReaderTest, TheShippedShapesAreTheSevenPiecesAndTurnInTheirPlac
 }
 
 TEST_F(CollectionReaderTest, RecordsCountInFileOrderFromTheirCornersAndThoseNotAboveZeroAreSkipped) {
-    EXPECT_EQ(StartOn(ShippedHead + Records(1, "7,60,70", "1,61,75") + Records(1, "0,0,0", "2,2,2")
-                      + Records(1, "9,59.25,2.5", "3,60,5") + Records(1, "-3,0,0", "4,4,4")
-                      + Records(1, "0.5,-7,1.5", "5,0,5")),
+    EXPECT_EQ(StartOn(ShippedHead + Records(1, "7,60,70", "1,61,75") + "\r\n \n"
+                      + Records(1, "0,0,0", "2,2,2") + Records(1, "9,59.25,2.5", "3,60,5")
+                      + Records(1, "-3,0,0", "4,4,4") + Records(1, "0.5,-7,1.5", "5,0,5")),
               Shown);
     EXPECT_EQ(Game.QuilletCount, 3);
     const auto place = [](int piece, std::size_t q) {
