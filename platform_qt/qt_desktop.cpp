@@ -24,7 +24,7 @@ std::vector<Form*> Loaded;
 std::map<Form*, std::unique_ptr<FormWindow>> Windows;
 QElapsedTimer SinceLastPicture;
 
-/// Runs from the last time that the windows showed anything, and shows what moves have changed since.
+/// Runs while moves have changed what no picture shows yet, and then shows it.
 QTimer& NextPicture() {
     static QTimer timer;
     return timer;
