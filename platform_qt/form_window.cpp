@@ -72,7 +72,7 @@ QPoint CentreOfScreen(QSize size) {
 }
 
 /// Drawn here, as a QIcon of a file would load every picture format there is.
-QIcon WindowIcon() {
+QIcon DrawnIcon() {
     QSvgRenderer drawing(IconFile("quillets"));
     QIcon icon;
     for (const int size : {16, 32, 64}) {
@@ -82,6 +82,11 @@ QIcon WindowIcon() {
         drawing.render(&painter);
         icon.addPixmap(picture);
     }
+    return icon;
+}
+
+const QIcon& WindowIcon() {
+    static const QIcon icon = DrawnIcon();
     return icon;
 }
 
@@ -103,13 +108,14 @@ FormWindow::FormWindow(Form& record)
     if (record.HasIcon) setWindowIcon(WindowIcon());
     // The panel tells its commands by their hover texts alone, and the board has the keyboard meanwhile.
     setAttribute(Qt::WA_AlwaysShowToolTips);
-    AddMenus();
     if (record.Border == BorderStyle::Sizable) {
         resize(ShownOf({ClientWidth(record), ClientHeight(record) + MenuHeight()}, *screen(), 0));
         LeadRecord();
     }
     AddControls(record.Controls, Client);
     ShowRecord(ShownRows::Changed);
+    // A menu's words need fonts, and loading those would hold up the windows.
+    if (!record.Menus.empty()) QMetaObject::invokeMethod(this, &FormWindow::AddMenus, Qt::QueuedConnection);
 }
 
 void FormWindow::AddControls(const std::vector<ControlRef>& controls, QWidget* parent) {
@@ -160,7 +166,6 @@ void FormWindow::ShowLater(Widget* widget) {
 }
 
 void FormWindow::AddMenus() {
-    if (Record.Menus.empty()) return;
     MenuBar = new QMenuBar(this);
     MenuBar->setNativeMenuBar(false);
     for (Menu& menu : Record.Menus) {
@@ -174,18 +179,15 @@ void FormWindow::AddMenus() {
                 });
         }
     }
-}
-
-int FormWindow::MenuHeight() const {
-    return MenuBar ? MenuBar->sizeHint().height() : 0;
+    PlaceClient();
+    MenuBar->show();
 }
 
 /// The client area below the menu; a window of fixed size follows its record, a sizable one leads it. Where
 /// the screen has no room for all of a fixed one, it is smaller, and its client area can be scrolled.
 void FormWindow::PlaceClient() {
-    const int menu = MenuHeight();
     const QSize client(ClientWidth(Record), ClientHeight(Record));
-    const QSize whole(client.width(), client.height() + menu);
+    const QSize whole(client.width(), client.height() + MenuHeight());
     QSize shown = whole;
     if (Record.Border == BorderStyle::FixedSingle) {
         shown = ShownOf(whole, *screen(), style()->pixelMetric(QStyle::PM_ScrollBarExtent));
@@ -194,10 +196,10 @@ void FormWindow::PlaceClient() {
         resize(whole);
     }
     if (shown != whole && !Scroller) AddScroller();
-    if (MenuBar) MenuBar->setGeometry(0, 0, shown.width(), menu);
+    if (MenuBar) MenuBar->setGeometry(0, 0, shown.width(), MenuHeight());
     Client->resize(client);
     QWidget* below = Scroller ? static_cast<QWidget*>(Scroller) : Client;
-    below->setGeometry(0, menu, shown.width(), shown.height() - menu);
+    below->setGeometry(0, MenuHeight(), shown.width(), shown.height() - MenuHeight());
 }
 
 void FormWindow::AddScroller() {

@@ -10,6 +10,9 @@
 /// Tells assistive programs what the widgets are for which Qt has no kind: a factory for QAccessible.
 QAccessibleInterface* RoleOfWidget(const QString& className, QObject* object);
 
+/// The height of a menu bar, in logical pixels; its fonts, which take long to load, are not asked for it.
+constexpr int MenuBarHeight = 19;
+
 class FormWindow : public QWidget {
   public:
     explicit FormWindow(Form& record);
@@ -50,7 +53,7 @@ class FormWindow : public QWidget {
     void PlaceClient();
     void AddScroller();
     void LeadRecord();
-    int MenuHeight() const;
+    int MenuHeight() const { return Record.Menus.empty() ? 0 : MenuBarHeight; }
 
     Form& Record;
     ClientWidget* Client;

@@ -63,6 +63,12 @@ class GameStyle : public QProxyStyle {
         return kind == SP_ToolBarHorizontalExtensionButton ? QIcon()
                                                            : QProxyStyle::standardIcon(kind, option, widget);
     }
+    QSize sizeFromContents(ContentsType kind, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        QSize size = QProxyStyle::sizeFromContents(kind, option, contents, widget);
+        if (kind == CT_MenuBarItem && !size.isEmpty()) size.setHeight(MenuBarHeight);
+        return size;
+    }
 };
 
 /// The game's colours are light on every desktop, so that black figures stand out.

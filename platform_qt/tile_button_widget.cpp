@@ -39,7 +39,7 @@ void DrawLatchFrame(QPainter& painter, const QRect& box) {
 } // namespace
 
 TileButtonWidget::TileButtonWidget(TileButton& record, QWidget* parent)
-    : QAbstractButton(parent), Record(record), Icon(IconFile(record.Picture)) {
+    : QAbstractButton(parent), Record(record) {
     const QString command = QString::fromStdString(record.ToolTipText);
     setObjectName(QString("%1_%2").arg(QString::fromStdString(record.Name)).arg(record.Index));
     setToolTip(command);
@@ -64,6 +64,7 @@ void TileButtonWidget::paintEvent(QPaintEvent*) {
     const bool sunken = isDown() || isChecked();
     const Colour face = isChecked() ? LatchedFace : underMouse() ? HoverFace : Record.PicBack;
     painter.fillRect(rect(), QtColour(face));
+    if (!Icon.isValid()) Icon.load(IconFile(Record.Picture));
     // A pressed icon gives way by one pixel.
     const QPoint corner((width() - IconSize) / 2 + isDown(), (height() - IconSize) / 2 + isDown());
     Icon.render(&painter, QRectF(corner, QSizeF(IconSize, IconSize)));
