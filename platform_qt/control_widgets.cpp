@@ -83,8 +83,10 @@ RowRange PictureWidget::WithoutSame(RowRange rows) const {
 
 void PictureWidget::paintEvent(QPaintEvent* event) {
     const QRect part = event->rect();
-    Shown.Resize(Record.Image.Width(), Record.Image.Height());
-    BitBlt(Shown, part.x(), part.y(), part.width(), part.height(), Record.Image, part.x(), part.y());
+    if (Record.MouseMove) {
+        Shown.Resize(Record.Image.Width(), Record.Image.Height());
+        BitBlt(Shown, part.x(), part.y(), part.width(), part.height(), Record.Image, part.x(), part.y());
+    }
     QPainter painter(this);
     ShowSurface(painter, Record.Image, part);
     if (Record.Icon.empty()) return;

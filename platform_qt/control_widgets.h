@@ -28,6 +28,9 @@ class PictureWidget : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// The keyboard comes and goes unseen, so nothing is painted for it.
+    void focusInEvent(QFocusEvent*) override {}
+    void focusOutEvent(QFocusEvent*) override {}
     /// Tab is a key of the game here.
     bool focusNextPrevChild(bool) override { return false; }
 
@@ -35,7 +38,7 @@ class PictureWidget : public QWidget {
     RowRange WithoutSame(RowRange rows) const;
 
     Picture& Record;
-    /// What the screen shows.
+    /// What the screen shows, where moves draw much and change little.
     Surface Shown;
     bool Pressed = false;
     /// The pixel of the last press or move that the game heard of.
