@@ -68,10 +68,9 @@ void ShowSurface(QPainter& painter, const Surface& surface, const QRect& exposed
                            surface.Width() * static_cast<int>(sizeof(Surface::Pixel)), QImage::Format_RGB32);
         painter.drawImage(part, image, part);
     }
-    const QFontMetrics metrics = painter.fontMetrics();
     for (const Surface::TextItem& item : surface.Texts()) {
         const QColor ink(item.Ink & 0xFF, item.Ink >> 8 & 0xFF, item.Ink >> 16 & 0xFF);
         painter.setPen(ink);
-        painter.drawText(item.X, item.Y + metrics.ascent(), QString::fromStdString(item.Text));
+        painter.drawText(item.X, item.Y + painter.fontMetrics().ascent(), QString::fromStdString(item.Text));
     }
 }
