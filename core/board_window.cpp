@@ -16,8 +16,6 @@ void DesignFormMain() {
 
     Place(FormMain.Picture1, "Picture1", 60, 90, 5220, 5895);
     FormMain.Picture1.Image.BackColor = Rgb(192, 192, 192);
-    Resize(FormMain.Picture1, 5220, 5895);
-    FormMain.Picture1.Image.Cls();
     FormMain.Picture1.SpokenName = "Board";
 
     Label& standard = FormMain.PStandard;
