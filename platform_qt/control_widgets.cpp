@@ -70,9 +70,9 @@ void PictureWidget::ShowRecord(ShownRows rows) {
     if (!different.Empty()) update(0, different.First, width(), different.Last - different.First);
 }
 
-/// Leaves out the rows at either end that look as they did: most of what a move draws anew stays the same.
+/// Leaves out the rows at either end that look as they did: most of what a drag draws anew stays the same.
 RowRange PictureWidget::WithoutSame(RowRange rows) const {
-    if (Shown.Width() != Record.Image.Width() || Shown.Height() != Record.Image.Height()) return rows;
+    if (!Pressed) return rows;
     const auto same = [&](int y) {
         return std::equal(Shown.Row(y), Shown.Row(y) + Shown.Width(), Record.Image.Row(y));
     };
@@ -83,10 +83,8 @@ RowRange PictureWidget::WithoutSame(RowRange rows) const {
 
 void PictureWidget::paintEvent(QPaintEvent* event) {
     const QRect part = event->rect();
-    if (Record.MouseMove) {
-        Shown.Resize(Record.Image.Width(), Record.Image.Height());
+    if (Pressed)
         BitBlt(Shown, part.x(), part.y(), part.width(), part.height(), Record.Image, part.x(), part.y());
-    }
     QPainter painter(this);
     ShowSurface(painter, Record.Image, part);
     if (Record.Icon.empty()) return;
@@ -98,6 +96,10 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
     if (ButtonCode(event->button()) == 0) return;
+    if (!Pressed) {
+        ShowRecord(ShownRows::Changed);
+        Shown = Record.Image;
+    }
     Pressed = true;
     LastPixel = PixelOf(*event);
     if (Record.Enabled) DeliverMouse(Record.MouseDown, *event, 1);
@@ -118,13 +120,18 @@ void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (ButtonCode(event->button()) == 0) return;
-    Pressed = event->buttons() != Qt::NoButton;
+    if (event->buttons() == Qt::NoButton) EndPress();
     if (Record.Enabled) DeliverMouse(Record.MouseUp, *event, 1);
+}
+
+void PictureWidget::EndPress() {
+    Pressed = false;
+    Shown = Surface();
 }
 
 void PictureWidget::LoseMouse() {
     if (!Pressed) return;
-    Pressed = false;
+    EndPress();
     if (Record.MouseLost) Deliver(Record.MouseLost);
 }
 

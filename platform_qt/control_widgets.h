@@ -36,11 +36,12 @@ class PictureWidget : public QWidget {
 
   private:
     RowRange WithoutSame(RowRange rows) const;
+    void EndPress();
 
     Picture& Record;
-    /// What the screen shows, where moves draw much and change little.
-    Surface Shown;
     bool Pressed = false;
+    /// What the screen shows, during a press.
+    Surface Shown;
     /// The pixel of the last press or move that the game heard of.
     QPoint LastPixel;
 };
