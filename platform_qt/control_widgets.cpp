@@ -37,6 +37,11 @@ QPoint PixelOf(const QMouseEvent& event) {
             static_cast<int>(std::floor(event.position().y()))};
 }
 
+/// With the rows beside them: where the scale is a fraction, the edges of a pixel go by its neighbours.
+void UpdateRows(QWidget& widget, RowRange rows) {
+    if (!rows.Empty()) widget.update(0, rows.First - 1, widget.width(), rows.Last - rows.First + 2);
+}
+
 /// Calls the handler with the pixel in its units.
 void DeliverMouse(MouseHandler handler, const QMouseEvent& event, int unitsPerPixel) {
     // A press or release of a button that the game doesn't know is none.
@@ -66,8 +71,7 @@ void PictureWidget::ShowRecord(ShownRows rows) {
     if (Record.InWords) setAccessibleDescription(QtText(Record.InWords()));
     const RowRange range =
         rows == ShownRows::Due ? Record.Image.TakeDueRows() : Record.Image.TakeChangedRows();
-    const RowRange different = WithoutSame(range);
-    if (!different.Empty()) update(0, different.First, width(), different.Last - different.First);
+    UpdateRows(*this, WithoutSame(range));
 }
 
 /// Leaves out the rows at either end that look as they did: most of what a drag draws anew stays the same.
@@ -269,7 +273,7 @@ void ClientWidget::ShowRecord(ShownRows rows) {
     if (!Record.ShowsImage) return;
     const RowRange range =
         rows == ShownRows::Due ? Record.Image.TakeDueRows() : Record.Image.TakeChangedRows();
-    if (!range.Empty()) update(0, range.First, width(), range.Last - range.First);
+    UpdateRows(*this, range);
 }
 
 void ClientWidget::paintEvent(QPaintEvent* event) {

@@ -12,8 +12,10 @@ TEST(Board, AFigureIsBuiltByMouseToTheApplause) {
     StartGame();
     const auto shown = static_cast<std::size_t>(Ask([] { return Game.CurrentQuillet; }));
     for (int p = 0; p < PieceCount; ++p)
-        while (Ask([&] { return Game.PieceTurn[p] != Game.SolTurn[p][shown]; }))
+        while (Ask([&] { return Game.PieceTurn[p] != Game.SolTurn[p][shown]; })) {
             Click(Part("FormMain", "Picture1"), InsideOf(p), MouseButton::Right);
+            AwaitBoardOnScreen();
+        }
     // The low pieces first: the high ones are drawn over those already laid.
     for (int p = 0; p < PieceCount; ++p) Drag(p, 20 + Game.SolX[p][shown], 20 + Game.SolY[p][shown]);
     Answer("You got it - congratulations", XK_Return);
@@ -27,6 +29,7 @@ TEST(Board, ADragEndsAtItsReleaseOrWhereItBegan) {
     const auto atHome = Ask(hand);
     const auto expectBackHome = [&] { Await("the piece back", [&] { return hand() == atHome; }); };
     Carry(5, 100, 250);
+    AwaitBoardOnScreen();
     PointAt(Part("FormMain", "Picture1"), {-200, 500});
     EXPECT_EQ(Ask([] { return Game.ActivePiece; }), 5);
     Release();

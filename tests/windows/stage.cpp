@@ -71,6 +71,10 @@ void SendButton(MouseButton button, bool down) {
     Await("a button event", [&] { return ButtonEvents > before; });
 }
 
+QImage Seen(const QWidget* window) {
+    return window->screen()->grabWindow(window->winId()).toImage();
+}
+
 template <typename Dialog>
 Dialog* Open() {
     auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
@@ -232,7 +236,7 @@ void RequestClose(const char* window) {
 void AwaitBoardOnScreen() {
     Await("the board on the screen", [] {
         QWidget* window = Part("FormMain");
-        const QImage shot = window->screen()->grabWindow(window->winId()).toImage().scaled(window->size());
+        const QImage shot = Seen(window).scaled(window->size());
         const QPoint board = window->findChild<QWidget*>("Picture1")->pos();
         const Surface& surface = FormMain.Picture1.Image;
         int differing = shot.pixel(1, 1) == 0xFFF0F0F0 ? 0 : shot.width() * shot.height();
@@ -242,6 +246,12 @@ void AwaitBoardOnScreen() {
         // Where the scale is a fraction, the edges have the steps of the display.
         return differing <= (std::fmod(window->devicePixelRatio(), 1) == 0 ? 0 : 1000);
     });
+    // What was painted in parts looks as if it were painted at once.
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    const auto colours = [](const QImage& image) { return image.convertToFormat(QImage::Format_RGB32); };
+    QWidget* window = Part("FormMain");
+    Await("the end of what is gone",
+          [&] { return colours(Seen(window)) == colours(window->grab().toImage()); });
 }
 
 int main(int argc, char** argv) {
