@@ -121,6 +121,8 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
+    // A drag's grip is taken at its first move, and not where later ones have got to.
+    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication::setApplicationName("Quillets");
     QApplication::setQuitOnLastWindowClosed(false);
     SetLightColours();
