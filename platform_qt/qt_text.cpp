@@ -18,7 +18,6 @@ QFont QtFont(const Font& font) {
     result.setStyleHint(QFont::SansSerif);
     result.setPixelSize(NearestInt32(font.Points * 96 / 72));
     result.setBold(font.Bold);
-    result.setStyleStrategy(QFont::PreferNoShaping);
     return result;
 }
 
