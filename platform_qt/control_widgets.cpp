@@ -37,6 +37,10 @@ QPoint PixelOf(const QMouseEvent& event) {
             static_cast<int>(std::floor(event.position().y()))};
 }
 
+RowRange TakeRows(Surface& image, ShownRows rows) {
+    return rows == ShownRows::Due ? image.TakeDueRows() : image.TakeChangedRows();
+}
+
 /// With the rows beside them: where the scale is a fraction, the edges of a pixel go by its neighbours.
 void UpdateRows(QWidget& widget, RowRange rows) {
     if (!rows.Empty()) widget.update(0, rows.First - 1, widget.width(), rows.Last - rows.First + 2);
@@ -69,9 +73,7 @@ void PictureWidget::ShowRecord(ShownRows rows) {
     setGeometry(PlaceOf(Record));
     setVisible(Record.Visible);
     if (Record.InWords) setAccessibleDescription(QtText(Record.InWords()));
-    const RowRange range =
-        rows == ShownRows::Due ? Record.Image.TakeDueRows() : Record.Image.TakeChangedRows();
-    UpdateRows(*this, WithoutSame(range));
+    UpdateRows(*this, WithoutSame(TakeRows(Record.Image, rows)));
 }
 
 /// Leaves out the rows at either end that look as they did: most of what a drag draws anew stays the same.
@@ -271,9 +273,7 @@ ClientWidget::ClientWidget(Form& record, QWidget* parent) : QWidget(parent), Rec
 
 void ClientWidget::ShowRecord(ShownRows rows) {
     if (!Record.ShowsImage) return;
-    const RowRange range =
-        rows == ShownRows::Due ? Record.Image.TakeDueRows() : Record.Image.TakeChangedRows();
-    UpdateRows(*this, range);
+    UpdateRows(*this, TakeRows(Record.Image, rows));
 }
 
 void ClientWidget::paintEvent(QPaintEvent* event) {
