@@ -14,7 +14,8 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
 void Deliver(const std::function<void()>& handler);
 
 /// The same for a move of the mouse. A mouse can tell of more moves than any screen shows pictures, so what
-/// they changed is shown at most every 6 milliseconds, and at the latest then.
+/// they changed is shown at most every 6 milliseconds, and at the latest then. While a picture waits, moves
+/// may wait as well, for 2 milliseconds at most.
 void DeliverMove(const std::function<void()>& handler);
 
 /// The same for a button, a menu item or a window's wish to close: a drag under way loses the mouse first.
