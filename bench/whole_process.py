@@ -3,8 +3,11 @@
 
 Usage: whole_process.py BUILD_FOLDER [SECONDS_OF_REST]
 """
+import bisect
+import contextlib
 import ctypes
 import ctypes.util
+import itertools
 import math
 import os
 import pathlib
@@ -21,6 +24,7 @@ X11, XTest, Damage = (ctypes.CDLL(ctypes.util.find_library(name)) for name in ("
 SUBSTRUCTURE_NOTIFY, CREATE_NOTIFY, MAP_NOTIFY = 1 << 19, 16, 19
 ROUNDS = 15
 SQUARE = 186, 116  # within the board's window, at the start
+TRACING = pathlib.Path("/sys/kernel/tracing")
 
 
 class Event(ctypes.Structure):
@@ -138,15 +142,16 @@ def watch_damage(window, times, done):
 
 
 def drag(process, window, piece, rate, seconds=10):
-    """Moves a piece in circles and back; the share of a core, and the delay from an event to the next picture."""
+    """Moves a piece in circles and back: the share of a core, the moments of the moves and those of the pictures."""
     display, root = connect()
     left, top = place_of(display, root, window)
     shown, sent, done = [], [], threading.Event()
     watcher = threading.Thread(target=watch_damage, args=(window, shown, done))
     watcher.start()
     time.sleep(0.5)
-    point = [(left + piece[0] + round(35 * math.cos(a / 30)), top + piece[1] + round(35 * math.sin(a / 30)))
-             for a in range(rate * seconds)]
+    circles = ((left + piece[0] + round(35 * math.cos(a / 30)), top + piece[1] + round(35 * math.sin(a / 30)))
+               for a in range(rate * seconds))
+    point = [place for place, _ in itertools.groupby(circles)]  # a move within a pixel is none
     XTest.XTestFakeMotionEvent(display, -1, left + piece[0], top + piece[1], 0)
     XTest.XTestFakeButtonEvent(display, 1, 1, 0)
     X11.XSync(display, 0)
@@ -155,8 +160,8 @@ def drag(process, window, piece, rate, seconds=10):
         while time.perf_counter() < begin + number / rate:
             time.sleep(0.0002)
         XTest.XTestFakeMotionEvent(display, -1, x, y, 0)
-        X11.XFlush(display)
         sent.append(time.perf_counter())
+        X11.XFlush(display)
     took = time.perf_counter() - begin
     load = (processor_seconds(process) - before) / took
     time.sleep(0.5)
@@ -166,15 +171,49 @@ def drag(process, window, piece, rate, seconds=10):
     X11.XSync(display, 0)
     done.set()
     watcher.join()
-    delays, at = [], 0
-    for moment in sent:
-        while at < len(shown) and shown[at] < moment:
-            at += 1
-        if at < len(shown):
-            delays.append(1000 * (shown[at] - moment))
+    print(f"     {len(sent)} events in {took:.1f} s, {len(shown)} pictures")
+    return 100 * load, sent, shown
+
+
+def until_shown(sent, shown):
+    """From each move to the next picture, in milliseconds."""
+    following = ((moment, bisect.bisect_left(shown, moment)) for moment in sent)
+    return [1000 * (shown[at] - moment) for moment, at in following if at < len(shown)]
+
+
+def median_and_late(delays):
     delays = sorted(delays) or [math.nan]
-    print(f"     {len(sent)} events in {took:.1f} s, {len(shown)} pictures, {len(delays)} delays")
-    return 100 * load, delays[len(delays) // 2], delays[len(delays) * 99 // 100]
+    return delays[len(delays) // 2], delays[len(delays) * 99 // 100]
+
+
+@contextlib.contextmanager
+def noted_moves(program):
+    """The kernel notes when the game handles a move, to the list that this hands over at its end; OSError without
+    root."""
+    names = subprocess.run(["nm", program], stdout=subprocess.PIPE, text=True, check=True).stdout.splitlines()
+    address = next(line.split()[0] for line in names if "Picture1_MouseMove" in line)
+    probes, moments = TRACING / "uprobe_events", []
+    probes.write_text(f"p:quillets/moved {program}:0x{address}")
+    try:
+        (TRACING / "trace").write_text("")
+        (TRACING / "trace_clock").write_text("mono")
+        (TRACING / "events/quillets/moved/enable").write_text("1")
+        yield moments
+        (TRACING / "events/quillets/moved/enable").write_text("0")
+        lines = (TRACING / "trace").read_text().splitlines()
+        moments += [float(line.partition(": moved:")[0].split()[-1]) for line in lines if ": moved:" in line]
+    finally:
+        (TRACING / "trace_clock").write_text("local")
+        probes.write_text("")
+
+
+def until_handled(program, process, board):
+    """From each of 1,000 moves a second until the game handles it, in milliseconds."""
+    with noted_moves(program) as moments:
+        _, sent, _ = drag(process, board, SQUARE, 1000)
+    # There is one move to the piece before the circles, and one back to where they began.
+    assert len(moments) == len(sent) + 2, "a move was merged into another"
+    return [1000 * (handled - moment) for moment, handled in zip(sent, moments[1:])]
 
 
 def game_folder(build, scratch):
@@ -206,13 +245,22 @@ def measure(build, rest, scratch):
     time.sleep(rest)
     report(f"wake-ups in {rest} s of rest", wake_ups(process) - before, 0)
     board = max(windows, key=width_of)
-    _, median, late = drag(process, board, SQUARE, 100)
-    report("100 events a second, delay at the median", median, 2, " ms")
+    # A mouse as most are; what it moves is to be seen, and not only handled, within the goals for a fast one.
+    _, sent, shown = drag(process, board, SQUARE, 100)
+    median, late = median_and_late(until_shown(sent, shown))
+    report("100 events a second, from event to picture at the median", median, 2, " ms")
     report("and at the 99th percentile", late, 8, " ms")
-    load, median, late = drag(process, board, SQUARE, 1000)
+    load, sent, shown = drag(process, board, SQUARE, 1000)
     report("1,000 events a second, share of a core", load, 15, " %")
-    report("delay at the median, with the wait for the next picture", median, unit=" ms")
+    median, late = median_and_late(until_shown(sent, shown))
+    report("from event to picture, with the wait for the next one, at the median", median, unit=" ms")
     report("and at the 99th percentile", late, unit=" ms")
+    try:
+        median, late = median_and_late(until_handled(game[0], process, board))
+        report("from event to its handler at the median", median, 2, " ms")
+        report("and at the 99th percentile", late, 8, " ms")
+    except OSError:
+        print("     only root may ask the kernel when each event is handled")
     end(process)
     process, windows, _ = started(empty, folder)
     print("     an empty window takes {:.1f} % for the same events".format(drag(process, windows[0], SQUARE, 1000)[0]))
