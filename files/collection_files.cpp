@@ -57,20 +57,33 @@ FileError CopyFile(const std::string& from, const std::string& to) {
 std::string Without(Number dropped, const std::string& collection) {
     FieldReader reader(collection);
     for (int line = 1; line <= LinesCopiedAsTheyAre; ++line) reader.SkipLine();
-    std::string result = collection.substr(0, collection.size() - reader.Remaining());
+    std::string result;
+    result.reserve(collection.size());
+    result.append(collection, 0, collection.size() - reader.Remaining());
     result.append(reader.NextField()).append("\r\n");
     int number = 0, kept = 0;
     while (!reader.AtEnd()) {
         reader.SkipEmptyLines();
+        if (++number == dropped) {
+            reader.SkipLine();
+            continue;
+        }
         reader.NextField();
-        ++number;
-        std::string record = std::to_string(kept + 1);
-        for (int field = 2; field <= FieldsOfARecord; ++field) record.append(",").append(reader.NextField());
-        if (number == dropped) continue;
-        result += record + "\r\n";
-        ++kept;
+        result.append(std::to_string(++kept));
+        for (int field = 2; field <= FieldsOfARecord; ++field)
+            result.append(1, ',').append(reader.NextField());
+        result.append("\r\n");
     }
     return result;
+}
+
+/// The whole content is on the disk when it returns without an error; on failure there is no such file.
+FileError WriteTemporary(LockedFile& temporary, const std::string& content) {
+    if (!temporary.Error().empty()) return temporary.Error();
+    FileError error = temporary.Overwrite(content);
+    std::error_code none;
+    if (!error.empty()) std::filesystem::remove(TemporaryFile, none);
+    return error;
 }
 
 /// Takes the shown quillet out of the file; false after a message when that failed.
@@ -89,8 +102,9 @@ bool RemoveFromFile() {
     if (error.empty()) error = FaultOfCollection(content);
     if (!error.empty()) return fail(notRemoved, error);
     const std::string without = Without(Game.CurrentQuillet, content);
-    // The whole new content is on the disk before the old one is touched.
-    error = ReplaceFile(TemporaryFile, without);
+    // The whole new content is on the disk before the old one is touched, and no other Remove writes over it.
+    LockedFile temporary(TemporaryFile, LockedFile::WhenMissing::IsMade);
+    error = WriteTemporary(temporary, without);
     if (!error.empty()) return fail(notRemoved, std::string(TemporaryFile) + ": " + error);
     error = file.Overwrite(without);
     if (error.empty()) return true;

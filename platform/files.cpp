@@ -91,6 +91,17 @@ FileError Finish(OpenFile& file, const std::string& path, const std::string& con
     return {};
 }
 
+/// Keeps a file that is new under its name; where a folder can't be synced there is no more to be done.
+void SyncFolderOf(const std::string& path) {
+    const std::string folder = fs::path(path).parent_path().string();
+    OpenFile entry(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+    if (entry.IsOpen()) ::fsync(entry.Handle());
+}
+
+int OpenToChange(const std::string& path, int flags) {
+    return ::open(path.c_str(), O_RDWR | O_APPEND | O_NONBLOCK | O_CLOEXEC | flags, 0666);
+}
+
 /// Opens a file that is not there yet beside the given one; its name comes back in `fresh`.
 int OpenBeside(const std::string& path, std::string& fresh) {
     for (int number = 1; number <= 100; ++number) {
@@ -141,11 +152,7 @@ FileError ReplaceFile(const std::string& path, const std::string& content) {
         ::unlink(fresh.c_str());
         return error;
     }
-    // The content is on the disk and in its place; where a folder can't be synced there is no more to be
-    // done.
-    const std::string folder = fs::path(target).parent_path().string();
-    OpenFile entry(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
-    if (entry.IsOpen()) ::fsync(entry.Handle());
+    SyncFolderOf(target);
     return {};
 }
 
@@ -159,8 +166,11 @@ bool SameFile(const std::string& one, const std::string& other) {
     return fs::equivalent(one, other, error);
 }
 
-LockedFile::LockedFile(const std::string& path)
-    : Handle_(::open(path.c_str(), O_RDWR | O_APPEND | O_NONBLOCK | O_CLOEXEC)) {
+LockedFile::LockedFile(const std::string& path, WhenMissing missing) : Handle_(OpenToChange(path, 0)) {
+    if (Handle_ < 0 && errno == ENOENT && missing == WhenMissing::IsMade) {
+        Handle_ = OpenToChange(path, O_CREAT);
+        if (Handle_ >= 0) SyncFolderOf(path);
+    }
     Error_ = Handle_ >= 0 ? Lock(Handle_, LOCK_EX) : Reason();
 }
 

@@ -36,8 +36,10 @@ bool SameFile(const std::string& one, const std::string& other);
 /// A file that no other copy of the game reads or changes meanwhile; set free with the object.
 class LockedFile {
   public:
-    /// Opens an existing file to be read and written.
-    explicit LockedFile(const std::string& path);
+    enum class WhenMissing { Fails, IsMade };
+
+    /// Opens a file to be read and written.
+    explicit LockedFile(const std::string& path, WhenMissing missing = WhenMissing::Fails);
     LockedFile(const LockedFile&) = delete;
     LockedFile& operator=(const LockedFile&) = delete;
     ~LockedFile();
@@ -47,8 +49,8 @@ class LockedFile {
 
     FileError Read(std::size_t limit, std::string& content);
 
-    /// Writes over the old content in place, and cuts the file to the new length last. On failure the file
-    /// may be neither the old nor the new one.
+    /// Writes over the old content in place, and cuts the file to the new length last; on the disk when it
+    /// returns without an error. On failure the file may be neither the old nor the new one.
     FileError Overwrite(const std::string& content);
 
     /// As AppendToFile.

@@ -54,6 +54,8 @@ def operations(head, records):
     return [
         Operation("append", ["append", "1", "0"], COLLECTION, head + numbered(records + records[:1]), before),
         Operation("remove", ["remove", "2", "1"], COLLECTION, head + numbered(records[:1] + records[2:]), before),
+        Operation("remove again", ["remove", "2", "1"], COLLECTION, head + numbered(records[:1] + records[2:]),
+                  before | {RESCUE: 2 * old}),
         Operation("save as", ["saveas", TARGET], TARGET, old, before),
         Operation("save over", ["saveas", TARGET], TARGET, old, with_target),
         Operation("settings", ["settings"], SETTINGS, moved, before),
@@ -82,13 +84,14 @@ def faults(operation, outcome, killed=False):
     """What the outcome breaks, in words."""
     old, now = operation.before.get(operation.changed), outcome.after.get(operation.changed)
     refused = refusals(outcome)
-    whole_rescue = operation.name == "remove" and outcome.after.get(RESCUE) == operation.new
+    whole_rescue = operation.name.startswith("remove") and outcome.after.get(RESCUE) == operation.new
     rescued = whole_rescue and (killed or any(box.endswith("/" + RESCUE) for box in refused))
     if outcome.code != (-9 if killed else 0):
         yield f"code {outcome.code}"
     if now not in (old, operation.new) and not rescued:
         yield f"neither old nor new: {now}"
-    if any(outcome.after.get(name) != text for name, text in operation.before.items() if name != operation.changed):
+    spared = operation.before.keys() - {operation.changed, RESCUE}
+    if any(outcome.after.get(name) != operation.before[name] for name in spared):
         yield "another file changed"
     if killed:
         return
