@@ -19,13 +19,18 @@ class FieldReader {
 
     std::string_view NextField();
 
-    /// Reads the next field if it is a whole number of 32 bits with a comma close behind it, as nearly all
-    /// are; else nothing, and answers false.
+    /// Reads the next field if it is a whole number of 32 bits with a comma or a line end close behind it, as
+    /// nearly all are; else nothing, and answers false.
     bool NextWholeNumber(std::int32_t& whole) {
         const char* end = Rest_.data() + Rest_.size();
-        const auto [stop, error] = std::from_chars(Rest_.data(), end, whole);
-        if (error != std::errc{} || stop == end || *stop != ',') return false;
+        auto [stop, error] = std::from_chars(Rest_.data(), end, whole);
+        if (error != std::errc{} || stop == end) return false;
         FieldLine_ = Line_;
+        if (*stop != ',') {
+            if (*stop == '\r' && stop + 1 != end) ++stop;
+            if (*stop != '\n') return false;
+            ++Line_;
+        }
         Rest_.remove_prefix(static_cast<std::size_t>(stop + 1 - Rest_.data()));
         return true;
     }
