@@ -28,6 +28,7 @@ Qt::WindowFlags FlagsOf(const Form& form) {
     Qt::WindowFlags flags = form.InTaskBar ? Qt::Window : Qt::Tool;
     flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     if (form.CloseBox) flags |= Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint;
+    if (form.Border == BorderStyle::Sizable) flags |= Qt::WindowMinMaxButtonsHint;
     return flags;
 }
 
@@ -230,6 +231,8 @@ void FormWindow::ShowAtPlace() {
     show();
     raise();
     if (!quiet) activateWindow();
+    // What opens it quietly leaves the keyboard to another window, which comes to the front by that.
+    if (quiet) QMetaObject::invokeMethod(this, &QWidget::raise, Qt::QueuedConnection);
 }
 
 void FormWindow::LoseMouse() {

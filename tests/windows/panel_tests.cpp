@@ -30,12 +30,27 @@ TEST(Panel, ACollectionIsSavedUnderAnotherNameAndOpened) {
     AwaitBoardOnScreen();
 }
 
+namespace {
+
+void ExpectBeforeTheBoard(QWidget* window) {
+    const auto corner = [] { return CornerOf(Part("FormMain")->winId()); };
+    const QPoint before = Ask(corner);
+    const QPoint place = Ask([&] { return window->geometry().bottomLeft(); }) - QPoint(280, 80);
+    OnGameThread([&] { Part("FormMain")->move(place); });
+    // A window manager works in order: what it was asked for before the move is done after it.
+    Await("the board beneath", [&] { return corner() != before; });
+    EXPECT_EQ(Ask([&] { return QApplication::topLevelAt(place + QPoint(300, 60)); }), window);
+}
+
+} // namespace
+
 TEST(Panel, ViewAllOpensBesideTheGameByItsButtonAndAloneByTheTarget) {
     constexpr QPoint Eleventh(2 * 48 + 20, 48 + 20);
     const auto open = [] { return Part("AllShapes") && Part("AllShapes")->isVisible(); };
     StartGame();
     Click(Part("Form1", "MenuButx_0"));
     Await("View All", open);
+    ExpectBeforeTheBoard(Part("AllShapes"));
     Drag(2, 60, 300); // the game goes on beside it
     QWidget* page = Ask([] { return ClientAreaOf(AllShapes); });
     Click(page, Eleventh);
