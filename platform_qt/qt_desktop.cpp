@@ -144,6 +144,7 @@ int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder
     NextPicture().setSingleShot(true);
     NextPicture().setTimerType(Qt::PreciseTimer);
     NextPicture().callOnTimeout([] { ShowChanges(ShownRows::Changed); });
+    SinceLastPicture.start();
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                      RestBetweenPictures);
     Load(startForm);
@@ -159,11 +160,11 @@ void Deliver(const std::function<void()>& handler) {
 void DeliverMove(const std::function<void()>& handler) {
     constexpr std::int64_t Pace = 6; // milliseconds
     handler();
-    QTimer& next = NextPicture();
-    if (SinceLastPicture.hasExpired(Pace))
+    const std::int64_t waited = SinceLastPicture.elapsed();
+    if (waited >= Pace)
         ShowChanges(ShownRows::Changed);
-    else if (!next.isActive())
-        next.start(static_cast<int>(Pace - SinceLastPicture.elapsed()));
+    else if (!NextPicture().isActive())
+        NextPicture().start(static_cast<int>(Pace - waited));
 }
 
 void DeliverCommand(const std::function<void()>& handler) {
