@@ -152,9 +152,9 @@ void RemoveQuillet() {
     if (!RemoveFromFile()) return;
     if (Game.CurrentQuillet == Game.QuilletCount) Game.CurrentQuillet -= 1;
     LoadQuillets();
-    // An emptied collection has none to show, and another program may have added some or taken some away.
-    Game.CurrentQuillet =
-        std::clamp(Game.CurrentQuillet, std::min<Number>(Game.QuilletCount, 1), Game.QuilletCount);
+    // Another program may have added some or taken some away; of an empty collection 0 or 1 is shown.
+    Game.CurrentQuillet = std::clamp<Number>(Game.CurrentQuillet, std::min<Number>(Game.QuilletCount, 1),
+                                             std::max<Number>(Game.QuilletCount, 1));
     ShowQuillet();
     CheckAllTurns();
     DrawAllPieces();

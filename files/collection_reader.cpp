@@ -7,6 +7,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -145,9 +146,11 @@ void ReadRecord(CollectionScanner& scanner, QuilletTables& tables) {
     }
 }
 
+/// Row 1 always: it is shown of an empty collection too, as seven pieces in one place.
 void Install(const QuilletTables& tables) {
+    const auto last = static_cast<std::size_t>(std::max(tables.Count, 1));
     for (int p = 0; p < PieceCount; ++p)
-        for (std::size_t q = 1; q <= static_cast<std::size_t>(tables.Count); ++q) {
+        for (std::size_t q = 1; q <= last; ++q) {
             Game.SolTurn[p][q] = tables.SolTurn[p][q];
             Game.SolX[p][q] = tables.SolX[p][q];
             Game.SolY[p][q] = tables.SolY[p][q];

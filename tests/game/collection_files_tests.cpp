@@ -110,6 +110,11 @@ TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletNumbersTheOthersAnewAndKee
     EXPECT_EQ(Collection() + Form1.TarQui.Caption, ShippedHead + "Quillet (0 of 0)");
     EXPECT_EQ(Append(), "cue click2; " + Isolated + Last + Focus); // the pieces at home
     EXPECT_TRUE(CallsOf([] { DragTo(0, Game.PieceX[0] + 2, Game.PieceY[0]); }).starts_with("cue clap4"));
+    StartWith(FiveFigures.substr(0, FiveFigures.find('\n') + 1));
+    Remove();
+    SelectQuillet(1), CallsOfButton("Copy");
+    const Places none = PlacesNow();
+    EXPECT_EQ(std::ranges::count(none, none[0]), PieceCount) << "of what was removed nothing is left";
 }
 
 TEST_F(CollectionFilesTest, CopiedAppendedAndRemovedEveryFigureComesBackTheSame) {
