@@ -115,12 +115,12 @@ void ErasePiece(int piece, Surface& surface) {
 }
 
 void CheckAllTurns() {
-    const Flag before = std::exchange(Game.SolvedFlag, Game.FlagOff);
+    constexpr Flag NotJudged = -1;
+    const Flag before = std::exchange(Game.SolvedFlag, NotJudged);
     for (std::int16_t p = 0; p < PieceCount; ++p) CheckPieceTurn(p);
-    if (Game.SolvedFlag != Game.FlagOn) {
-        Game.SolvedFlag = before;
-        return;
-    }
+    const bool solved = Game.SolvedFlag == Game.FlagOn;
+    if (Game.SolvedFlag == NotJudged) Game.SolvedFlag = before;
+    if (!solved) return;
     FormMain.Picture1.Image.Cls();
     DrawAllPieces();
     FormMain.Picture1.Enabled = true;
