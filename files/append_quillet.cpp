@@ -100,19 +100,16 @@ std::string NewRecord() {
     return record + "\r\n";
 }
 
-/// Adds the record and shows the new quillet; false after a message when the file could not be written or
-/// read.
-bool Append() {
+/// Adds the record and shows the new quillet, or tells why the file could not be written or read.
+void Append() {
     const FileError error = AppendToFile(Game.QuilletFile, NewRecord());
     if (!error.empty()) {
         MsgBox("The Quillet was not appended to the file:" + Game.LineBreak + Game.QuilletFile
                + Game.LineBreak + error + ".");
-        return false;
+    } else if (LoadQuillets()) {
+        Game.CurrentQuillet = Game.QuilletCount;
+        ShowQuillet();
     }
-    if (!LoadQuillets()) return false;
-    Game.CurrentQuillet = Game.QuilletCount;
-    ShowQuillet();
-    return true;
 }
 
 } // namespace
