@@ -4,8 +4,9 @@
 
 #include <cstdint>
 
-/// Brings TurnMatched up to date for the piece, and for its partner where the solution's turns are taken
-/// crosswise. Places play no part. With all seven matched it goes on to CheckSolution.
+/// Brings TurnMatched up to date for the piece. Of a pair, whose turns may be taken crosswise, the flag of
+/// the partner is set too; where neither turn tells, that one stays. Places play no part. With all seven
+/// matched it goes on to CheckSolution.
 void CheckPieceTurn(std::int16_t piece);
 
 /// Sets SolvedFlag: the reference points of the seven pieces, measured from the least of them, agree with the

@@ -96,7 +96,7 @@ void CheckConnected(std::int16_t& result) {
 }
 
 double FilledPercent(double left, double top, double right, double bottom) {
-    // The bounds are taken in as far as whole pixels go.
+    // Steps of one from the left and from the top; a pixel is read at the nearest whole place.
     const std::int32_t firstX = NearestInt32(left), lastX = FloorInt32(right);
     const std::int32_t firstY = NearestInt32(top), lastY = FloorInt32(bottom);
     const double all = std::max(lastX - firstX + 1.0, 0.0) * std::max(lastY - firstY + 1.0, 0.0);

@@ -1,7 +1,7 @@
 // The settings file: which collection was open and where the two windows stood, from one run to the next.
 // Two lines in the program's folder: the collection's file name, without a folder (in double quotes where it
-// holds a comma), and left and top of the panel, left and top of the board, in twips; -1 in the first place:
-// none stored.
+// holds a comma or a double quote, or begins or ends with a blank), and left and top of the panel, left and
+// top of the board, in twips; -1 in the first place: none stored.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
 // Text files: their length, their content, and replacing a file so that no moment leaves it broken.
-// Paths are full paths or relative to the current folder. No handle outlives a call.
+// Paths are full paths or relative to the current folder. No handle outlives a call but that of a LockedFile.
 #pragma once
 
 #include <cstddef>
