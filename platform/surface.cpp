@@ -109,30 +109,29 @@ class Chain {
     /// Stands at the vertex `top`. The stride is 1 to go on by the vertices after it, their number less 1 for
     /// those before.
     Chain(std::span<const Vertex> vertices, std::size_t top, std::size_t stride)
-        : Vertices(vertices), Index(top), Stride(stride), X_(vertices[top].X) {}
+        : Vertices(vertices), Index(top), Stride(stride) {}
 
-    int X() const { return X_; }
-
-    /// Goes down from row y to the next one.
-    void Step(int y) {
-        while (Vertices[Index].Y <= y) TakeNextEdge();
-        X_ += Slope;
+    /// Takes the edge that leads down from row y.
+    void TakeEdgeBelow(int y) {
+        while (Vertices[Index].Y <= y) {
+            From = Vertices[Index];
+            Index = (Index + Stride) % Vertices.size();
+        }
+        Slope_ = (Vertices[Index].X > From.X) - (Vertices[Index].X < From.X);
     }
+
+    /// Where the edge ends.
+    int Bottom() const { return Vertices[Index].Y; }
+    /// Where it is in row y, and how far it goes to the right with each row.
+    int X(int y) const { return From.X + Slope_ * (y - From.Y); }
+    int Slope() const { return Slope_; }
 
   private:
-    void TakeNextEdge() {
-        const Vertex from = Vertices[Index];
-        Index = (Index + Stride) % Vertices.size();
-        const Vertex to = Vertices[Index];
-        X_ = from.X;
-        Slope = (to.X > from.X) - (to.X < from.X);
-    }
-
     std::span<const Vertex> Vertices;
     std::size_t Index;
     std::size_t Stride;
-    int X_;
-    int Slope = 0;
+    Vertex From;
+    int Slope_ = 0;
 };
 
 /// Up to four crossings a row are usual, so that sorting them by hand is the quickest.
@@ -308,16 +307,24 @@ void Surface::FillInside(std::span<const Vertex> vertices, Pixel pixel) {
 void Surface::DrawPlainPolygon(std::span<const Vertex> vertices, std::size_t top, int bottom, Pixel outline) {
     const Pixel inside = PixelOf(FillColor);
     const bool solid = FillStyle == FillMode::Solid;
+    Pixel* pixels = Pixels_.data();
     Chain one(vertices, top, 1), other(vertices, top, vertices.size() - 1);
-    for (int y = vertices[top].Y;; ++y) {
-        const int left = std::min(one.X(), other.X()), right = std::max(one.X(), other.X());
-        Pixel* row = &Pixels_[Offset(0, y)];
-        if (solid) FillRun(row + left, right - left, inside);
-        row[left] = outline;
-        row[right] = outline;
-        if (y == bottom) break;
-        one.Step(y);
-        other.Step(y);
+    // From vertex to vertex both ends of a row go straight. A vertex's own row is drawn with both its sides.
+    for (int y = vertices[top].Y; y < bottom;) {
+        one.TakeEdgeBelow(y);
+        other.TakeEdgeBelow(y);
+        const int end = std::min(one.Bottom(), other.Bottom());
+        std::size_t left = Offset(one.X(y), y), leftStep = Offset(one.Slope(), 1);
+        std::size_t right = Offset(other.X(y), y), rightStep = Offset(other.Slope(), 1);
+        for (;; ++y, left += leftStep, right += rightStep) {
+            if (left > right) {
+                std::swap(left, right);
+                std::swap(leftStep, rightStep);
+            }
+            if (solid) FillRun(pixels + left, static_cast<std::ptrdiff_t>(right - left), inside);
+            pixels[left] = pixels[right] = outline;
+            if (y == end) break;
+        }
     }
     for (std::size_t i = 0; i < vertices.size(); ++i) {
         const Vertex a = vertices[i], b = vertices[(i + 1) % vertices.size()];

@@ -25,8 +25,23 @@ void Draw(Pair& both, const Shape& shape, FillMode mode = FillMode::Solid) {
     both.Plain.Draw(shape, surface.ForeColor, surface.FillColor, mode);
 }
 
+/// Two ways down with a bend in each, by edges as pieces have them; they may cross.
+Shape SomePlainShape() {
+    const int top = Between(-2, 12), height = Between(0, 14);
+    Shape shape;
+    for (const int side : {0, 1}) {
+        const int bend = Between(0, height), x = Between(5, 35), middle = x + Between(-1, 1) * bend;
+        Shape way = {
+            {x, top}, {middle, top + bend}, {middle + Between(-1, 1) * (height - bend), top + height}};
+        if (side == 1) std::reverse(way.begin(), way.end());
+        shape.insert(shape.end(), way.begin(), way.end());
+    }
+    return shape;
+}
+
 /// Up to 11 vertices, often knots, or with vertices that meet; now and then beyond all bounds.
 Shape SomeShape() {
+    if (Between(0, 2) == 0) return SomePlainShape();
     constexpr std::array Far = {INT_MIN, INT_MIN + 1, INT_MAX - 1, INT_MAX};
     const bool far = Between(0, 3) == 0;
     const int reach = Between(1, 30);
