@@ -229,10 +229,13 @@ void FormWindow::ShowAtPlace() {
     setAttribute(Qt::WA_ShowWithoutActivating, quiet);
     LastActive = this;
     show();
-    raise();
-    if (!quiet) activateWindow();
-    // What opens it quietly leaves the keyboard to another window, which comes to the front by that.
-    if (quiet) QMetaObject::invokeMethod(this, &QWidget::raise, Qt::QueuedConnection);
+    if (quiet) {
+        // What opens it quietly leaves the keyboard to another window, which comes to the front by that.
+        QMetaObject::invokeMethod(this, &QWidget::raise, Qt::QueuedConnection);
+    } else {
+        raise();
+        activateWindow();
+    }
 }
 
 void FormWindow::LoseMouse() {
