@@ -2,7 +2,7 @@
 #include "app/program_folder.h"
 #include "core/board_window.h"
 #include "platform_qt/qt_desktop.h"
-#include "shell/events.h"
+#include "shell/design_windows.h"
 
 int main(int argc, char** argv) {
     const std::string folder = ProgramFolder();

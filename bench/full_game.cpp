@@ -4,7 +4,7 @@
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "platform_scripted/scripted_desktop.h"
-#include "shell/events.h"
+#include "shell/design_windows.h"
 
 #include <fstream>
 #include <unistd.h>

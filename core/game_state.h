@@ -6,7 +6,6 @@
 #pragma once
 
 #include "platform/surface.h"
-#include "platform/value_kinds.h"
 
 #include <array>
 #include <cstdint>

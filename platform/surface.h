@@ -12,7 +12,8 @@
 // pixels and never moves one, however far away the vertices lie.
 #pragma once
 
-#include "platform/value_kinds.h"
+#include "platform/colour.h"
+#include "platform/rounding.h"
 
 #include <cstdint>
 #include <span>

@@ -14,7 +14,7 @@
 #include "platform_scripted/scripted_desktop.h"
 #include "play/copy_to_board.h"
 #include "shell/control_panel.h"
-#include "shell/events.h"
+#include "shell/design_windows.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -9,7 +9,7 @@
 #include "core/piece_geometry.h"
 #include "platform_scripted/scripted_desktop.h"
 #include "shell/control_panel.h"
-#include "shell/events.h"
+#include "shell/design_windows.h"
 
 #include <algorithm>
 #include <filesystem>

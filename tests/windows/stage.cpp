@@ -3,7 +3,7 @@
 
 #include "core/board_window.h"
 #include "platform_qt/qt_desktop.h"
-#include "shell/events.h"
+#include "shell/design_windows.h"
 
 #include <QApplication>
 #include <QFileDialog>

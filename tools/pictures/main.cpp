@@ -8,7 +8,7 @@
 #include "play/mouse_play.h"
 #include "shell/all_shapes.h"
 #include "shell/control_panel.h"
-#include "shell/events.h"
+#include "shell/design_windows.h"
 #include "shell/print_shapes.h"
 
 #include <QtWidgets>

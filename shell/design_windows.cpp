@@ -1,5 +1,5 @@
 // The one table of the game's events.
-#include "shell/events.h"
+#include "shell/design_windows.h"
 
 #include "core/board_in_words.h"
 #include "core/board_window.h"

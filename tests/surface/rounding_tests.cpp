@@ -1,10 +1,10 @@
 // The conversions at the edges of their ranges.
-#include "platform/value_kinds.h"
+#include "platform/rounding.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
-TEST(ValueKindsTest, ConversionsRoundTiesToEvenFloorDownwardAndSaturate) {
+TEST(RoundingTest, ConversionsRoundTiesToEvenFloorDownwardAndSaturate) {
     constexpr double Lowest = -2147483648.0, Highest = 2147483647.0;
     // The value, and what it is as the nearest 16 bits, the nearest 32, and the floor.
     const double cases[][4] = {{1.5, 2, 2, 1},

@@ -1,15 +1,7 @@
-// Conversions that keep a number a number, and the 16-colour table.
-#include "platform/value_kinds.h"
+// The 16-colour table.
+#include "platform/colour.h"
 
 #include <array>
-
-Number FloorNumber(double value) {
-    return std::floor(value);
-}
-
-float Single(double value) {
-    return static_cast<float>(value);
-}
 
 Colour QBColor(int entry) {
     static constexpr std::array<Colour, 16> Table = {
