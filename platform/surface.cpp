@@ -1,6 +1,5 @@
-// The raster: clearing, reading, rectangles, copies, and polygons by the edge rule of the header.
-// One exact walk along an edge serves both the outline and the fill. Pieces have plain edges, whose x is a
-// whole number in every row; they take a road of their own, which gives the same pixels.
+// The raster: clearing, reading, rectangles, copies, and polygons by the edge rule of the header. One exact
+// walk along an edge serves the outline and the fill.
 #include "platform/surface.h"
 
 #include <algorithm>
@@ -9,8 +8,6 @@
 #include <utility>
 
 namespace {
-
-__extension__ using Wide = __int128;
 
 constexpr std::size_t MostVertices = 11;
 
@@ -23,125 +20,59 @@ Colour ColourOf(Surface::Pixel pixel) {
     return static_cast<Colour>((pixel & 0x0000FFu) << 16 | (pixel & 0x00FF00u) | (pixel & 0xFF0000u) >> 16);
 }
 
-/// Fills `count` pixels. Blocks of one size, the last of which may lie over the one before, keep the
-/// processor from guessing a new end in every row.
-void FillRun(Surface::Pixel* first, std::ptrdiff_t count, Surface::Pixel pixel) {
-    constexpr std::ptrdiff_t Block = 8;
-    if (count < Block) {
-        std::fill_n(first, count, pixel);
-        return;
-    }
-    for (std::ptrdiff_t i = 0; i < count - Block; i += Block) std::fill_n(first + i, Block, pixel);
-    std::fill_n(first + count - Block, Block, pixel);
-}
-
-/// The values start + floor((2 i rise + offset) / (2 run)) for i = first, first + 1 and so on, without
-/// rounding errors. Offset 0 gives the floor of the exact value, offset run its nearest whole number, halves
-/// upward.
-struct Walk {
-    std::int64_t Whole = 0;
-    std::int64_t Rest = 0;
-    std::int64_t StepWhole = 0;
-    std::int64_t StepRest = 0;
-    std::int64_t Divisor = 1;
-
+/// The exact place of an edge on its way: Whole + Rest / Run, with 0 <= Rest < Run.
+class Walk {
+  public:
     Walk() = default;
 
-    // The products can be wider than 64 bits once, here; every step after that stays within them.
-    Walk(std::int64_t start, std::int64_t rise, std::int64_t run, std::int64_t offset, std::int64_t first) {
-        Divisor = 2 * run;
-        StepWhole = 2 * rise / Divisor;
-        StepRest = 2 * rise % Divisor;
-        if (StepRest < 0) {
-            StepRest += Divisor;
-            --StepWhole;
-        }
-        const Wide numerator = Wide(2 * first) * rise + offset;
-        Wide quotient = numerator / Divisor;
-        Wide rest = numerator % Divisor;
-        if (rest < 0) {
-            rest += Divisor;
-            --quotient;
-        }
-        Whole = start + static_cast<std::int64_t>(quotient);
-        Rest = static_cast<std::int64_t>(rest);
+    /// Stands at start + steps * rise / run; run is above 0 and steps lie between 0 and run. Differences of
+    /// 32-bit places are below 2^32, so that each product fits into 64 bits.
+    Walk(std::int64_t start, std::int64_t rise, std::int64_t run, std::int64_t steps) : Run(run) {
+        StepWhole = rise / run - (rise % run < 0);
+        StepRest = rise - StepWhole * run;
+        const std::uint64_t rest = static_cast<std::uint64_t>(steps) * static_cast<std::uint64_t>(StepRest);
+        Whole = start + steps * StepWhole + static_cast<std::int64_t>(rest / static_cast<std::uint64_t>(run));
+        Rest = static_cast<std::int64_t>(rest % static_cast<std::uint64_t>(run));
     }
 
     void Step() {
         Whole += StepWhole;
         Rest += StepRest;
-        if (Rest >= Divisor) {
-            Rest -= Divisor;
+        if (Rest >= Run) {
+            Rest -= Run;
             ++Whole;
         }
     }
 
     std::int64_t Floor() const { return Whole; }
     std::int64_t Ceiling() const { return Whole + (Rest != 0); }
-};
-
-/// An edge of a polygon on its way down the rows Top to Bottom - 1.
-struct FillEdge {
-    std::int64_t Top = 0;
-    std::int64_t Bottom = 0;
-    Walk X;
-};
-
-/// An edge is plain when it is upright, level or at 45 degrees: its x is a whole number in every row.
-/// Whether all edges are plain and lead down from the top and up again without a turn between.
-bool IsPlain(std::span<const Vertex> vertices) {
-    int turns = 0, lastWay = 0;
-    for (std::size_t i = 0; i < vertices.size(); ++i) {
-        const Vertex a = vertices[i], b = vertices[(i + 1) % vertices.size()];
-        const int width = b.X - a.X, height = b.Y - a.Y;
-        if (width != 0 && height != 0 && std::abs(width) != std::abs(height)) return false;
-        const int way = (height > 0) - (height < 0);
-        if (way == 0) continue;
-        turns += lastWay != 0 && way != lastWay;
-        lastWay = way;
-    }
-    return turns <= 2;
-}
-
-/// One of the two ways down a plain polygon.
-class Chain {
-  public:
-    /// Stands at the vertex `top`. The stride is 1 to go on by the vertices after it, their number less 1 for
-    /// those before.
-    Chain(std::span<const Vertex> vertices, std::size_t top, std::size_t stride)
-        : Vertices(vertices), Index(top), Stride(stride) {}
-
-    /// Takes the edge that leads down from row y.
-    void TakeEdgeBelow(int y) {
-        while (Vertices[Index].Y <= y) {
-            From = Vertices[Index];
-            Index = (Index + Stride) % Vertices.size();
-        }
-        Slope_ = (Vertices[Index].X > From.X) - (Vertices[Index].X < From.X);
-    }
-
-    /// Where the edge ends.
-    int Bottom() const { return Vertices[Index].Y; }
-    /// Where it is in row y, and how far it goes to the right with each row.
-    int X(int y) const { return From.X + Slope_ * (y - From.Y); }
-    int Slope() const { return Slope_; }
+    /// Halves upward.
+    std::int64_t Nearest() const { return Whole + (2 * Rest >= Run); }
 
   private:
-    std::span<const Vertex> Vertices;
-    std::size_t Index;
-    std::size_t Stride;
-    Vertex From;
-    int Slope_ = 0;
+    std::int64_t Whole = 0;
+    std::int64_t Rest = 0;
+    std::int64_t Run = 1;
+    std::int64_t StepWhole = 0;
+    std::int64_t StepRest = 0;
 };
 
-/// Up to four crossings a row are usual, so that sorting them by hand is the quickest.
-void SortByFloor(std::span<const Walk*> crossings) {
+/// Nearly always sorted already: edges seldom cross from one row to the next.
+template <typename Edge>
+void SortByFloor(std::span<Edge*> crossings) {
     for (std::size_t i = 1; i < crossings.size(); ++i)
-        for (std::size_t j = i; j > 0 && crossings[j]->Floor() < crossings[j - 1]->Floor(); --j)
+        for (std::size_t j = i; j > 0 && crossings[j]->X.Floor() < crossings[j - 1]->X.Floor(); --j)
             std::swap(crossings[j], crossings[j - 1]);
 }
 
 } // namespace
+
+/// An edge that a fill crosses in the rows Top to Bottom - 1; X stands in the next of them.
+struct Surface::FillEdge {
+    std::int64_t Top = 0;
+    std::int64_t Bottom = 0;
+    Walk X;
+};
 
 void RowRange::Include(RowRange other) {
     if (other.Empty()) return;
@@ -242,111 +173,70 @@ void Surface::IncludeChanged(std::int64_t firstRow, std::int64_t lastRow) {
 void Surface::FillSpan(std::int64_t firstX, std::int64_t lastX, int y, Pixel pixel) {
     firstX = std::max<std::int64_t>(firstX, 0);
     lastX = std::min<std::int64_t>(lastX, Width_ - 1);
-    if (firstX > lastX) return;
-    FillRun(&Pixels_[Offset(static_cast<int>(firstX), y)], lastX - firstX + 1, pixel);
-}
-
-bool Surface::HoldsAll(std::span<const Vertex> vertices) const {
-    return std::all_of(vertices.begin(), vertices.end(), [&](Vertex vertex) {
-        return vertex.X >= 0 && vertex.X < Width_ && vertex.Y >= 0 && vertex.Y < Height_;
-    });
+    if (firstX <= lastX)
+        std::fill_n(&Pixels_[Offset(static_cast<int>(firstX), y)], lastX - firstX + 1, pixel);
 }
 
 void Surface::DrawEdge(Vertex a, Vertex b, Pixel pixel) {
-    const std::int64_t width = std::abs(std::int64_t{b.X} - a.X);
-    const std::int64_t height = std::abs(std::int64_t{b.Y} - a.Y);
-    if (height >= width) {
-        if (a.Y > b.Y) std::swap(a, b);
-        const std::int64_t first = std::max<std::int64_t>(a.Y, 0);
-        const std::int64_t last = std::min<std::int64_t>(b.Y, Height_ - 1);
-        const std::int64_t run = std::max<std::int64_t>(height, 1);
-        Walk x(a.X, std::int64_t{b.X} - a.X, run, run, first - a.Y);
-        for (std::int64_t y = first; y <= last; ++y, x.Step())
-            if (x.Floor() >= 0 && x.Floor() < Width_)
-                Pixels_[Offset(static_cast<int>(x.Floor()), static_cast<int>(y))] = pixel;
-    } else {
-        if (a.X > b.X) std::swap(a, b);
-        const std::int64_t first = std::max<std::int64_t>(a.X, 0);
-        const std::int64_t last = std::min<std::int64_t>(b.X, Width_ - 1);
-        Walk y(a.Y, std::int64_t{b.Y} - a.Y, width, width, first - a.X);
-        for (std::int64_t x = first; x <= last; ++x, y.Step())
-            if (y.Floor() >= 0 && y.Floor() < Height_)
-                Pixels_[Offset(static_cast<int>(x), static_cast<int>(y.Floor()))] = pixel;
-    }
+    const std::int64_t width = std::int64_t{b.X} - a.X, height = std::int64_t{b.Y} - a.Y;
+    const bool steep = std::abs(height) >= std::abs(width);
+    if (steep ? height < 0 : width < 0) return DrawEdge(b, a, pixel);
+    // Along the edge there is one pixel in each row of a steep edge, in each column of a flat one.
+    const std::int64_t from = steep ? a.Y : a.X, to = steep ? b.Y : b.X;
+    const std::int64_t first = std::max<std::int64_t>(from, 0);
+    const std::int64_t last = std::min<std::int64_t>(to, (steep ? Height_ : Width_) - 1);
+    if (first > last) return;
+    const std::uint64_t room = static_cast<std::uint64_t>(steep ? Width_ : Height_);
+    const std::ptrdiff_t along = steep ? Width_ : 1, across = steep ? 1 : Width_;
+    Walk place(steep ? a.X : a.Y, steep ? width : height, std::max<std::int64_t>(to - from, 1), first - from);
+    Pixel* pixels = Pixels_.data() + first * along;
+    for (std::int64_t left = last - first; left >= 0; --left, place.Step(), pixels += along)
+        if (static_cast<std::uint64_t>(place.Nearest()) < room) pixels[place.Nearest() * across] = pixel;
 }
 
 void Surface::FillInside(std::span<const Vertex> vertices, Pixel pixel) {
-    std::array<FillEdge, MostVertices> storage;
-    std::size_t edgeCount = 0;
-    std::int64_t top = Height_, bottom = 0;
+    std::array<FillEdge, MostVertices> edges;
+    std::array<std::int64_t, 2 * MostVertices> rows;
+    std::size_t edgeCount = 0, rowCount = 0;
     for (std::size_t i = 0; i < vertices.size(); ++i) {
-        Vertex a = vertices[i];
-        Vertex b = vertices[(i + 1) % vertices.size()];
-        if (a.Y == b.Y) continue;
+        Vertex a = vertices[i], b = vertices[(i + 1) % vertices.size()];
         if (a.Y > b.Y) std::swap(a, b);
-        const std::int64_t first = std::max<std::int64_t>(a.Y, 0);
-        storage[edgeCount++] = {first, b.Y,
-                                Walk(a.X, std::int64_t{b.X} - a.X, std::int64_t{b.Y} - a.Y, 0, first - a.Y)};
-        top = std::min(top, first);
-        bottom = std::max<std::int64_t>(bottom, std::min<std::int64_t>(b.Y, Height_));
+        const std::int64_t top = std::max(a.Y, 0), bottom = std::min(b.Y, Height_);
+        if (top >= bottom) continue;
+        const std::int64_t width = std::int64_t{b.X} - a.X, height = std::int64_t{b.Y} - a.Y;
+        edges[edgeCount++] = {top, bottom, Walk(a.X, width, height, top - a.Y)};
+        rows[rowCount++] = top;
+        rows[rowCount++] = bottom;
     }
-    const std::span edges(storage.data(), edgeCount);
-    for (std::int64_t y = top; y < bottom; ++y) {
-        std::array<const Walk*, MostVertices> crossings;
-        std::size_t count = 0;
-        for (const FillEdge& edge : edges)
-            if (edge.Top <= y && y < edge.Bottom) crossings[count++] = &edge.X;
-        SortByFloor({crossings.data(), count});
-        for (std::size_t i = 0; i + 1 < count; i += 2)
-            FillSpan(crossings[i]->Ceiling(), crossings[i + 1]->Floor(), static_cast<int>(y), pixel);
-        for (FillEdge& edge : edges)
-            if (edge.Top <= y && y < edge.Bottom) edge.X.Step();
-    }
+    // Between two of these rows the same edges are crossed.
+    std::sort(rows.begin(), rows.begin() + rowCount);
+    for (std::size_t i = 0; i + 1 < rowCount; ++i)
+        FillBand({edges.data(), edgeCount}, rows[i], rows[i + 1], pixel);
 }
 
-void Surface::DrawPlainPolygon(std::span<const Vertex> vertices, std::size_t top, int bottom, Pixel outline) {
-    const Pixel inside = PixelOf(FillColor);
-    const bool solid = FillStyle == FillMode::Solid;
-    Pixel* pixels = Pixels_.data();
-    Chain one(vertices, top, 1), other(vertices, top, vertices.size() - 1);
-    // From vertex to vertex both ends of a row go straight. A vertex's own row is drawn with both its sides.
-    for (int y = vertices[top].Y; y < bottom;) {
-        one.TakeEdgeBelow(y);
-        other.TakeEdgeBelow(y);
-        const int end = std::min(one.Bottom(), other.Bottom());
-        std::size_t left = Offset(one.X(y), y), leftStep = Offset(one.Slope(), 1);
-        std::size_t right = Offset(other.X(y), y), rightStep = Offset(other.Slope(), 1);
-        for (;; ++y, left += leftStep, right += rightStep) {
-            if (left > right) {
-                std::swap(left, right);
-                std::swap(leftStep, rightStep);
-            }
-            if (solid) FillRun(pixels + left, static_cast<std::ptrdiff_t>(right - left), inside);
-            pixels[left] = pixels[right] = outline;
-            if (y == end) break;
-        }
-    }
-    for (std::size_t i = 0; i < vertices.size(); ++i) {
-        const Vertex a = vertices[i], b = vertices[(i + 1) % vertices.size()];
-        if (a.Y == b.Y) FillSpan(std::min(a.X, b.X), std::max(a.X, b.X), a.Y, outline);
+void Surface::FillBand(std::span<FillEdge> edges, std::int64_t first, std::int64_t end, Pixel pixel) {
+    std::array<FillEdge*, MostVertices> storage;
+    std::size_t count = 0;
+    for (FillEdge& edge : edges)
+        if (edge.Top <= first && first < edge.Bottom) storage[count++] = &edge;
+    const std::span crossings(storage.data(), count);
+    for (std::int64_t y = first; y < end; ++y) {
+        SortByFloor<FillEdge>(crossings);
+        for (std::size_t i = 0; i + 1 < count; i += 2)
+            FillSpan(crossings[i]->X.Ceiling(), crossings[i + 1]->X.Floor(), static_cast<int>(y), pixel);
+        for (FillEdge* edge : crossings) edge->X.Step();
     }
 }
 
 void Polygon(Surface& surface, std::span<const Vertex> vertices) {
     vertices = vertices.first(std::min(vertices.size(), MostVertices));
     if (vertices.empty()) return;
-    const Surface::Pixel outline = PixelOf(surface.ForeColor);
     const auto [top, bottom] =
         std::minmax_element(vertices.begin(), vertices.end(), [](Vertex a, Vertex b) { return a.Y < b.Y; });
     surface.IncludeChanged(top->Y, bottom->Y);
-    if (surface.HoldsAll(vertices) && IsPlain(vertices)) {
-        surface.DrawPlainPolygon(vertices, static_cast<std::size_t>(top - vertices.begin()), bottom->Y,
-                                 outline);
-        return;
-    }
     if (surface.FillStyle == FillMode::Solid) surface.FillInside(vertices, PixelOf(surface.FillColor));
     for (std::size_t i = 0; i < vertices.size(); ++i)
-        surface.DrawEdge(vertices[i], vertices[(i + 1) % vertices.size()], outline);
+        surface.DrawEdge(vertices[i], vertices[(i + 1) % vertices.size()], PixelOf(surface.ForeColor));
 }
 
 void BitBlt(Surface& target, int x, int y, int width, int height, const Surface& source, int sourceX,

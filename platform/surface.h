@@ -114,15 +114,16 @@ class Surface {
     friend void BitBlt(Surface& target, int x, int y, int width, int height, const Surface& source,
                        int sourceX, int sourceY);
 
+    struct FillEdge;
+
     std::size_t Offset(int x, int y) const {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(Width_) + static_cast<std::size_t>(x);
     }
     void IncludeChanged(std::int64_t firstRow, std::int64_t lastRow);
     void FillSpan(std::int64_t firstX, std::int64_t lastX, int y, Pixel pixel);
-    bool HoldsAll(std::span<const Vertex> vertices) const;
-    void DrawPlainPolygon(std::span<const Vertex> vertices, std::size_t top, int bottom, Pixel outline);
     void DrawEdge(Vertex a, Vertex b, Pixel pixel);
     void FillInside(std::span<const Vertex> vertices, Pixel pixel);
+    void FillBand(std::span<FillEdge> edges, std::int64_t first, std::int64_t end, Pixel pixel);
 
     int Width_;
     int Height_;
