@@ -1,9 +1,9 @@
-// The board in words; nothing that the eye is not told.
+// The board in words. They tell what the eye can see and nothing more.
 #include "core/board_in_words.h"
 
+#include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
-#include "core/panel_window.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +14,7 @@ std::string BoardInWords() {
         "second small triangle", "middle triangle",       "parallelogram"};
     const auto last = static_cast<std::size_t>(Game.LastPiece);
     std::string words =
-        Form1.TarQui.Caption + ", " + FormMain.PStandard.Caption + ", piece last handled: " + Names.at(last);
+        NumberOfQuillet() + ", " + FormMain.PStandard.Caption + ", piece last handled: " + Names.at(last);
     if (Game.PlayLevel == EasyLevel) {
         const auto turned = std::count(Game.TurnMatched.begin(), Game.TurnMatched.end(), Game.FlagOn);
         words += ", pieces with their final turn: " + std::to_string(turned) + " of 7";

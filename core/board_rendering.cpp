@@ -8,24 +8,23 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 namespace {
 
 void DrawOnBothSurfaces(int piece) {
-    Game.DrawX = Game.BoardX0 + Game.PieceX[piece];
-    Game.DrawY = Game.BoardY0 + Game.PieceY[piece];
-    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
-    BuildPolygon(piece, Game.CurTurn, Game.DrawX, Game.DrawY, Game.PiecePoly);
+    PolygonOfPiece(piece, Game.PiecePoly);
     SetPieceBrush(NearestInt16(piece));
     Polygon(FormMain.Picture1.Image, Drawn(Game.PiecePoly));
-
-    Surface& pickMap = FormMain.Image;
-    pickMap.FillColor = QBColor(Game.PieceQBColor[piece]);
-    pickMap.ForeColor = Game.BoardColor;
-    pickMap.FillStyle = FillMode::Solid;
-    Polygon(pickMap, Drawn(Game.PiecePoly));
+    DrawFilled(FormMain.Image, Game.PiecePoly, QBColor(Game.PieceQBColor[piece]), Game.BoardColor);
 }
+
+/// Where the figure begins on the staging surface, in pixels; the target's frame has its caption above.
+constexpr Number StageLeft = 5;
+constexpr Number StageTop = 14;
+
+/// The box in which the figure is centred, in twips: the target without its margin.
+constexpr double BoxWidth = 3500;
+constexpr double BoxHeight = 3600;
 
 /// The right and bottom ends of the figure as it was drawn on the staging surface.
 struct Extent {
@@ -34,32 +33,25 @@ struct Extent {
 };
 
 Extent DrawFigureOnStage() {
-    Surface& stage = Form1.TargetQui[0].Image;
-    const auto quillet = static_cast<std::size_t>(NearestInt16(Game.CurrentQuillet));
     Extent extent;
     for (int p = 0; p < PieceCount; ++p) {
-        Game.DrawX = 5 + Game.SolX[p][quillet];
-        Game.DrawY = 14 + Game.SolY[p][quillet];
-        Game.CurTurn = NearestInt16(Game.SolTurn[p][quillet]);
         Game.TurnMatched[p] = Game.FlagOff;
-        BuildPolygon(p, Game.CurTurn, Game.DrawX, Game.DrawY, Game.TargetPoly);
+        PolygonOfSolution(p, StageLeft, StageTop, Game.TargetPoly);
         for (std::size_t j = 0; j < ComputedPoints; ++j) {
             extent.MaxX = std::max<Number>(extent.MaxX, Game.TargetPoly[j].X);
             extent.MaxY = std::max<Number>(extent.MaxY, Game.TargetPoly[j].Y);
         }
         const bool inColour = Game.PlayLevel == VeryEasyLevel;
-        stage.FillColor = inColour ? QBColor(Game.PieceQBColor[p]) : Game.BlackColor;
-        stage.ForeColor = stage.FillColor;
-        stage.FillStyle = FillMode::Solid;
-        Polygon(stage, Drawn(Game.TargetPoly));
+        const Colour ink = inColour ? QBColor(Game.PieceQBColor[p]) : Game.BlackColor;
+        DrawFilled(Form1.TargetQui[0].Image, Game.TargetPoly, ink, ink);
     }
     return extent;
 }
 
 /// Copies the figure to the middle of the target. A figure wider or taller than the box is cut on both sides.
 void CentreFigure(Extent extent) {
-    const float boxW = Single(3500.0 / TwipsPerPixelX());
-    const float boxH = Single(3600.0 / TwipsPerPixelY());
+    const float boxW = Single(BoxWidth / TwipsPerPixelX());
+    const float boxH = Single(BoxHeight / TwipsPerPixelY());
     const Number offX = (boxW - extent.MaxX) / 2;
     const Number offY = (boxH - extent.MaxY) / 2;
     BitBlt(Form1.TargetQui[1].Image, NearestInt32(offX), NearestInt32(offY), NearestInt32(boxW - offX),
@@ -71,6 +63,17 @@ std::string Decimal(Number number) {
 }
 
 } // namespace
+
+std::string NumberOfQuillet() {
+    return "Quillet (" + Decimal(Game.CurrentQuillet) + " of " + Decimal(Game.QuilletCount) + ")";
+}
+
+void DrawFilled(Surface& surface, const PolygonPoints& polygon, Colour fill, Colour outline) {
+    surface.FillColor = fill;
+    surface.ForeColor = outline;
+    surface.FillStyle = FillMode::Solid;
+    Polygon(surface, Drawn(polygon));
+}
 
 void SetPieceBrush(std::int16_t piece) {
     Surface& board = FormMain.Picture1.Image;
@@ -101,29 +104,12 @@ void DrawPieceOnTop(int piece) {
 }
 
 void ErasePolygon(Surface& surface) {
-    surface.FillColor = Game.BoardColor;
-    surface.ForeColor = Game.BoardColor;
-    surface.FillStyle = FillMode::Solid;
-    Polygon(surface, Drawn(Game.TargetPoly));
+    DrawFilled(surface, Game.TargetPoly, Game.BoardColor, Game.BoardColor);
 }
 
 void ErasePiece(int piece, Surface& surface) {
-    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
-    BuildPolygon(piece, Game.CurTurn, Game.BoardX0 + Game.PieceX[piece], Game.BoardY0 + Game.PieceY[piece],
-                 Game.TargetPoly);
+    PolygonOfPiece(piece, Game.TargetPoly);
     ErasePolygon(surface);
-}
-
-void CheckAllTurns() {
-    constexpr Flag NotJudged = -1;
-    const Flag before = std::exchange(Game.SolvedFlag, NotJudged);
-    for (std::int16_t p = 0; p < PieceCount; ++p) CheckPieceTurn(p);
-    const bool solved = Game.SolvedFlag == Game.FlagOn;
-    if (Game.SolvedFlag == NotJudged) Game.SolvedFlag = before;
-    if (!solved) return;
-    FormMain.Picture1.Image.Cls();
-    DrawAllPieces();
-    FormMain.Picture1.Enabled = true;
 }
 
 void ShowQuillet() {
@@ -133,8 +119,7 @@ void ShowQuillet() {
     Form1.TargetQui[1].Image.Refresh();
     Form1.TargetQui[1].Visible = true;
     Form1.TargetQui[0].Visible = false;
-    Form1.TarQui.Caption =
-        "Quillet (" + Decimal(Game.CurrentQuillet) + " of " + Decimal(Game.QuilletCount) + ")";
+    Form1.TarQui.Caption = NumberOfQuillet();
     FormMain.Caption = "File: " + Game.QuilletFile;
     if (Game.PlayLevel == EasyLevel) CheckAllTurns();
     DrawAllPieces();

@@ -115,3 +115,9 @@ struct GameState : Collection, PieceTable, Arrangement {
 };
 
 extern GameState Game;
+
+/// The value of a flag that is set, or cleared.
+Flag FlagOf(bool set);
+
+/// The shown quillet as an index of the solution tables; slot 0 where an empty collection shows none.
+std::size_t ShownQuillet();

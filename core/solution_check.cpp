@@ -1,99 +1,128 @@
 // The turn test and the solution check.
 #include "core/solution_check.h"
 
+#include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/piece_geometry.h"
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
+#include <utility>
 
 namespace {
 
-std::int16_t Tolerance;
-Number MinX, MinY;
-PerPiece<Number> RelX;
-PerPiece<std::int16_t> RelY;
+/// How far a piece may be off, in pixels, in each direction.
+constexpr Number Tolerance = 15;
 
-std::size_t Shown() {
-    return static_cast<std::size_t>(NearestInt16(Game.CurrentQuillet));
+/// The pieces of the pair that this one belongs to.
+std::optional<std::pair<int, int>> PairOf(int piece) {
+    if (piece == 0 || piece == 1) return std::pair(0, 1);
+    if (piece == 2 || piece == 4) return std::pair(2, 4);
+    return std::nullopt;
 }
 
-/// The turns of a pair against the solution's, in either order. False, and no flag touched, when neither
-/// piece has a turn that tells.
-bool MatchPair(int first, int second) {
-    const Number a = Game.SolTurn[first][Shown()], b = Game.SolTurn[second][Shown()];
-    const Number t0 = Game.PieceTurn[first], t1 = Game.PieceTurn[second];
-    const Flag on = NearestInt16(Game.FlagOn);
-    const auto set = [&](Flag firstFlag, Flag secondFlag) {
-        Game.TurnMatched[first] = firstFlag;
-        Game.TurnMatched[second] = secondFlag;
-        return true;
-    };
-    if (a == t0 && b == t1) return set(on, on);
-    if (a == t0) return set(on, Game.FlagOff);
-    if (b == t0 && a == t1) return set(on, on);
-    if (b == t0) return set(on, Game.FlagOff);
-    if (b == t1) return set(Game.FlagOff, on);
-    return false;
+/// The matches of a pair whose turns t0 and t1 stand against a and b in the solution; nothing where no turn
+/// agrees that could decide. The rows are asked in this order.
+std::optional<std::pair<bool, bool>> PairMatch(Number a, Number b, Number t0, Number t1) {
+    if (a == t0) return std::pair(true, b == t1);
+    if (b == t0) return std::pair(true, a == t1);
+    if (b == t1) return std::pair(false, true);
+    return std::nullopt;
+}
+
+Solution ShownSolution() {
+    return SolutionOf(Game, ShownQuillet());
 }
 
 void MatchTurn(int piece) {
-    Game.TurnMatched[piece] = Game.FlagOff;
-    if ((piece == 0 || piece == 1) && MatchPair(0, 1)) return;
-    if ((piece == 2 || piece == 4) && MatchPair(2, 4)) return;
-    if (Game.SolTurn[piece][Shown()] == Game.PieceTurn[piece])
-        Game.TurnMatched[piece] = NearestInt16(Game.FlagOn);
+    Matches matches;
+    for (int p = 0; p < PieceCount; ++p) matches[p] = Game.TurnMatched[p] == Game.FlagOn;
+    matches = MatchedTurns(Game.PieceTurn, ShownSolution(), piece, matches);
+    for (int p = 0; p < PieceCount; ++p) Game.TurnMatched[p] = FlagOf(matches[p]);
 }
 
-void MeasureArrangement() {
-    MinX = *std::min_element(Game.PieceX.begin(), Game.PieceX.end());
-    MinY = *std::min_element(Game.PieceY.begin(), Game.PieceY.end());
+bool AllFlagsSet() {
+    return std::count(Game.TurnMatched.begin(), Game.TurnMatched.end(), Game.FlagOn) == PieceCount;
+}
+
+std::optional<Corner> JudgePlaces() {
+    const std::optional<Corner> corner = SolvedAt(Game, ShownSolution());
+    Game.SolvedFlag = FlagOf(corner.has_value());
+    return corner;
+}
+
+void ShowSolvedFigure(Corner corner) {
+    Surface& board = FormMain.Picture1.Image;
+    board.Cls();
     for (int p = 0; p < PieceCount; ++p) {
-        RelX[p] = Game.PieceX[p] - MinX;
-        RelY[p] = NearestInt16(Game.PieceY[p] - MinY);
+        PolygonOfSolution(p, corner.X + Game.BoardX0, corner.Y + Game.BoardY0, Game.TargetPoly);
+        DrawFilled(board, Game.TargetPoly, Game.BlackColor, QBColor(8));
     }
-}
-
-bool Fits(int piece, int place) {
-    return std::abs(Game.SolX[place][Shown()] - RelX[piece]) <= Tolerance
-           && std::abs(Game.SolY[place][Shown()] - RelY[piece]) <= Tolerance;
-}
-
-bool PairFits(int first, int second) {
-    return (Fits(first, first) && Fits(second, second)) || (Fits(first, second) && Fits(second, first));
+    board.Refresh();
 }
 
 } // namespace
 
+Solution SolutionOf(const Collection& collection, std::size_t quillet) {
+    Solution solution;
+    for (int p = 0; p < PieceCount; ++p) {
+        solution.Turn[p] = collection.SolTurn[p][quillet];
+        solution.X[p] = collection.SolX[p][quillet];
+        solution.Y[p] = collection.SolY[p][quillet];
+    }
+    return solution;
+}
+
+Matches MatchedTurns(const PerPiece<Number>& turns, const Solution& solution, int piece, Matches before) {
+    if (const auto pair = PairOf(piece)) {
+        const auto [first, second] = *pair;
+        if (const auto match =
+                PairMatch(solution.Turn[first], solution.Turn[second], turns[first], turns[second])) {
+            std::tie(before[first], before[second]) = *match;
+            return before;
+        }
+    }
+    before[piece] = solution.Turn[piece] == turns[piece];
+    return before;
+}
+
+bool AllTurnsMatch(const PerPiece<Number>& turns, const Solution& solution) {
+    Matches matches{};
+    for (int p = 0; p < PieceCount; ++p) matches = MatchedTurns(turns, solution, p, matches);
+    return std::count(matches.begin(), matches.end(), true) == PieceCount;
+}
+
+std::optional<Corner> SolvedAt(const Arrangement& pieces, const Solution& solution) {
+    const Corner corner = {*std::min_element(pieces.PieceX.begin(), pieces.PieceX.end()),
+                           *std::min_element(pieces.PieceY.begin(), pieces.PieceY.end())};
+    const auto fits = [&](int piece, int place) {
+        const Number x = pieces.PieceX[piece] - corner.X;
+        const Number y = NearestInt16(pieces.PieceY[piece] - corner.Y);
+        return std::abs(solution.X[place] - x) <= Tolerance && std::abs(solution.Y[place] - y) <= Tolerance;
+    };
+    const auto pairFits = [&](int first, int second) {
+        return (fits(first, first) && fits(second, second)) || (fits(first, second) && fits(second, first));
+    };
+    const bool solved = fits(5, 5) && fits(6, 6) && fits(3, 3) && pairFits(0, 1) && pairFits(2, 4);
+    return solved ? std::optional(corner) : std::nullopt;
+}
+
 void CheckPieceTurn(std::int16_t piece) {
     MatchTurn(piece);
-    if (std::count(Game.TurnMatched.begin(), Game.TurnMatched.end(), Game.FlagOn) == PieceCount)
-        CheckSolution();
+    if (AllFlagsSet()) CheckSolution();
+}
+
+void CheckAllTurns() {
+    for (int p = 0; p < PieceCount; ++p) {
+        MatchTurn(p);
+        if (AllFlagsSet()) JudgePlaces();
+    }
 }
 
 void CheckSolution() {
-    Game.SolvedFlag = Game.FlagOff;
-    Tolerance = 15;
-    MeasureArrangement();
-    if (!Fits(5, 5) || !Fits(6, 6) || !Fits(3, 3)) return;
-    if (!PairFits(0, 1) || !PairFits(2, 4)) return;
-    Game.SolvedFlag = NearestInt16(Game.FlagOn);
-    ShowSolvedFigure();
+    const std::optional<Corner> corner = JudgePlaces();
+    if (!corner) return;
+    ShowSolvedFigure(*corner);
     FormMain.Picture1.Enabled = false;
-}
-
-void ShowSolvedFigure() {
-    Surface& board = FormMain.Picture1.Image;
-    board.Cls();
-    for (int p = 0; p < PieceCount; ++p) {
-        Game.CurTurn = NearestInt16(Game.SolTurn[p][Shown()]);
-        Game.DrawX = Game.SolX[p][Shown()] + MinX + Game.BoardX0;
-        Game.DrawY = Game.SolY[p][Shown()] + MinY + Game.BoardY0;
-        BuildPolygon(p, Game.CurTurn, Game.DrawX, Game.DrawY, Game.TargetPoly);
-        board.FillColor = Game.BlackColor;
-        board.ForeColor = QBColor(8);
-        board.FillStyle = FillMode::Solid;
-        Polygon(board, Drawn(Game.TargetPoly));
-    }
-    board.Refresh();
 }

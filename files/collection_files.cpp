@@ -4,6 +4,7 @@
 #include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
+#include "core/solution_check.h"
 #include "files/collection_reader.h"
 #include "files/field_reader.h"
 #include "files/open_save_dialog.h"

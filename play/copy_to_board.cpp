@@ -5,19 +5,13 @@
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "core/piece_geometry.h"
+#include "core/solution_check.h"
 #include "files/sound_cues.h"
 
 namespace {
 
-/// How far the figure lies from the origin of the board.
+/// How far the figure lies from the board's origin, in pixels.
 constexpr Number Inset = 50;
-
-void FillTarget(Surface& surface, Colour fill, Colour outline) {
-    surface.FillColor = fill;
-    surface.ForeColor = outline;
-    surface.FillStyle = FillMode::Solid;
-    Polygon(surface, Drawn(Game.TargetPoly));
-}
 
 } // namespace
 
@@ -25,15 +19,14 @@ void CopyToBoard() {
     PlayCue("whoosh1");
     FormMain.Picture1.Image.Cls();
     FormMain.Image.Cls();
-    const auto quillet = static_cast<std::size_t>(NearestInt16(Game.CurrentQuillet));
+    const Solution solution = SolutionOf(Game, ShownQuillet());
     for (int p = 0; p < PieceCount; ++p) {
-        Game.PieceX[p] = Game.SolX[p][quillet] + Inset;
-        Game.PieceY[p] = Game.SolY[p][quillet] + Inset;
-        Game.PieceTurn[p] = Game.SolTurn[p][quillet];
-        BuildPolygon(p, NearestInt16(Game.PieceTurn[p]), Game.BoardX0 + Game.PieceX[p],
-                     Game.BoardY0 + Game.PieceY[p], Game.TargetPoly);
-        FillTarget(FormMain.Picture1.Image, Game.BlackColor, Game.BlackColor);
-        FillTarget(FormMain.Image, QBColor(Game.PieceQBColor[p]), Game.BoardColor);
+        Game.PieceX[p] = solution.X[p] + Inset;
+        Game.PieceY[p] = solution.Y[p] + Inset;
+        Game.PieceTurn[p] = solution.Turn[p];
+        PolygonOfPiece(p, Game.TargetPoly);
+        DrawFilled(FormMain.Picture1.Image, Game.TargetPoly, Game.BlackColor, Game.BlackColor);
+        DrawFilled(FormMain.Image, Game.TargetPoly, QBColor(Game.PieceQBColor[p]), Game.BoardColor);
     }
     Game.SolutionShown = Game.FlagOn;
     DrawAllPieces();

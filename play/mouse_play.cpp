@@ -10,6 +10,7 @@
 
 namespace {
 
+/// The playing area, in board pixels from BoardX0, BoardY0.
 constexpr Number LeastX = 20;
 constexpr Number LeastY = 20;
 constexpr Number GreatestRight = 330;
@@ -33,6 +34,12 @@ void DrawOutline(Colour colour) {
     Polygon(board, Drawn(Game.TargetPoly));
 }
 
+/// Builds TargetPoly where the drag began.
+void BuildDragStart(int piece) {
+    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
+    BuildPolygon(piece, Game.CurTurn, Game.DragX, Game.DragY, Game.TargetPoly);
+}
+
 /// The grip is taken here, at the first move: from now on the piece's place counts from the pointer.
 void TakeUp(int piece, float x, float y) {
     Game.DragFromX[piece] = Game.PieceX[piece];
@@ -41,8 +48,7 @@ void TakeUp(int piece, float x, float y) {
     Game.PieceY[piece] -= y;
     Game.DragX = Game.BoardX0 + Game.DragFromX[piece];
     Game.DragY = Game.BoardY0 + Game.DragFromY[piece];
-    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
-    BuildPolygon(piece, Game.CurTurn, Game.DragX, Game.DragY, Game.TargetPoly);
+    BuildDragStart(piece);
     ErasePolygon(FormMain.Picture1.Image);
     Game.LastMouseX = x;
     Game.LastMouseY = NearestInt16(y);
@@ -56,13 +62,6 @@ void ShiftOutline(float x, float y) {
     }
 }
 
-bool InPlayingArea(int piece) {
-    const int turn = NearestInt16(Game.PieceTurn[piece]);
-    return Game.PieceX[piece] >= LeastX && Game.PieceY[piece] >= LeastY
-           && Game.PieceX[piece] + Game.PieceWidth[piece][turn] <= GreatestRight
-           && Game.PieceY[piece] + Game.PieceHeight[piece][turn] <= GreatestBottom;
-}
-
 void PutBack(int piece) {
     Game.PieceX[piece] = Game.DragFromX[piece];
     Game.PieceY[piece] = Game.DragFromY[piece];
@@ -70,8 +69,7 @@ void PutBack(int piece) {
 
 /// Repaints all seven pieces, the dropped one on top; its old place goes from the pick map, refused or not.
 void ShowDrop(int piece) {
-    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
-    BuildPolygon(piece, Game.CurTurn, Game.DragX, Game.DragY, Game.TargetPoly);
+    BuildDragStart(piece);
     ErasePolygon(FormMain.Image);
     FormMain.Picture1.Image.Cls();
     Game.LastPiece = NearestInt16(piece);
@@ -83,7 +81,7 @@ void Drop(int piece, float x, float y) {
     Game.ActivePiece = NoPiece;
     Game.PieceX[piece] += x;
     Game.PieceY[piece] += y;
-    const bool accepted = InPlayingArea(piece);
+    const bool accepted = InPlayingArea(Game, piece, Game);
     if (!accepted) PutBack(piece);
     ShowDrop(piece);
     Game.SolvedFlag = Game.FlagOff;
@@ -94,7 +92,21 @@ void Drop(int piece, float x, float y) {
         PlayCue(accepted ? "Slide" : "Error");
 }
 
+/// Judges the board after a turn. TurnMatched may be older than the shown quillet, so the rule is asked too.
+void CheckAfterTurn(int piece) {
+    CheckPieceTurn(NearestInt16(piece));
+    if (Game.SolvedFlag != Game.FlagOn && AllTurnsMatch(Game.PieceTurn, SolutionOf(Game, ShownQuillet())))
+        CheckSolution();
+}
+
 } // namespace
+
+bool InPlayingArea(const Arrangement& pieces, int piece, const PieceTable& table) {
+    const int turn = NearestInt16(pieces.PieceTurn[piece]);
+    return pieces.PieceX[piece] >= LeastX && pieces.PieceY[piece] >= LeastY
+           && pieces.PieceX[piece] + table.PieceWidth[piece][turn] <= GreatestRight
+           && pieces.PieceY[piece] + table.PieceHeight[piece][turn] <= GreatestBottom;
+}
 
 void Picture1_MouseDown(std::int16_t Button, std::int16_t, float X, float Y) {
     if (Game.ActivePiece != NoPiece) return;
@@ -115,12 +127,11 @@ void TurnPiece(int piece) {
     ErasePolygon(FormMain.Image);
     StepTurn(piece);
     Game.SolvedFlag = Game.FlagOff;
-    if (Game.SolutionShown != Game.FlagOn) CheckPieceTurn(NearestInt16(piece));
-    DrawPieceOnTop(piece);
+    if (Game.SolutionShown != Game.FlagOn) CheckAfterTurn(piece);
+    const bool solved = Game.SolvedFlag == Game.FlagOn;
+    if (!solved) DrawPieceOnTop(piece);
     PlayCue("Click");
-    if (Game.SolvedFlag != Game.FlagOn) return;
-    ShowSolvedFigure();
-    WinFlow();
+    if (solved) WinFlow();
 }
 
 void Picture1_MouseMove(std::int16_t, std::int16_t, float X, float Y) {

@@ -3,7 +3,11 @@
 // drop is the only place where a position is judged. Board pixels throughout.
 #pragma once
 
-#include <cstdint>
+#include "core/game_state.h"
+
+/// Whether a piece may be dropped where it lies: its rectangle in the present turn within the playing area,
+/// limits included.
+bool InPlayingArea(const Arrangement& pieces, int piece, const PieceTable& table);
 
 void Picture1_MouseDown(std::int16_t Button, std::int16_t Shift, float X, float Y);
 void Picture1_MouseMove(std::int16_t Button, std::int16_t Shift, float X, float Y);

@@ -4,8 +4,11 @@
 #include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
+#include "core/solution_check.h"
 #include "files/sound_cues.h"
 #include "platform/desktop.h"
+
+#include <algorithm>
 
 void WinFlow() {
     PlayCue("clap4");
@@ -20,11 +23,9 @@ void WinFlow() {
 
 void ResetPieces() {
     PlayCue("whoosh1");
-    for (int p = 0; p < PieceCount; ++p) {
-        Game.PieceX[p] = Game.HomeX[p];
-        Game.PieceY[p] = Game.HomeY[p];
-        Game.PieceTurn[p] = Game.HomeTurn[p];
-    }
+    Game.PieceX = Game.HomeX;
+    Game.PieceY = Game.HomeY;
+    std::copy(Game.HomeTurn.begin(), Game.HomeTurn.end(), Game.PieceTurn.begin());
     FormMain.Image.Cls();
     FormMain.Picture1.Image.Cls();
     DrawAllPieces();

@@ -5,6 +5,7 @@
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "core/panel_window.h"
+#include "core/solution_check.h"
 #include "files/collection_reader.h"
 #include "files/settings.h"
 #include "files/sound_cues.h"
