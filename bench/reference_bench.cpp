@@ -102,13 +102,13 @@ std::vector<Thumbnail> Thumbnails;
 
 void PaintPage(benchmark::State& state, PageLayout layout) {
     Thumbnails.clear();
-    layout.Label = [](Surface&, int, int column, int row) {
+    layout.WriteLabel = [](Surface&, int, int column, int row) {
         Thumbnails.push_back({PainterPolygon(Game.TargetPoly), column, row});
     };
     DrawPage(layout);
-    QImage page = ImageLike(layout.Page.Image);
+    QImage page = ImageLike(layout.Window.Image);
     QPainter painter(&page);
-    const int cell = layout.GridStep / layout.Page.Image.UnitsPerPixel;
+    const int cell = layout.GridStep / layout.Window.Image.UnitsPerPixel;
     for (auto step : state)
         for (const Thumbnail& one : Thumbnails) {
             const QRect box(QPoint(cell * (one.Column - 1), 0), QPoint(cell * one.Column, cell * one.Row));
@@ -123,10 +123,10 @@ void PaintPage(benchmark::State& state, PageLayout layout) {
         }
 }
 BENCHMARK_F(FullGame, PainterViewAllPage)(benchmark::State& state) {
-    PaintPage(state, ThumbnailPage());
+    PaintPage(state, AllShapesPage());
 }
 BENCHMARK_F(FullGame, PainterPrintPage)(benchmark::State& state) {
-    PaintPage(state, PrintPage());
+    PaintPage(state, PrintShapesPage());
 }
 
 BENCHMARK_F(FullGame, StreamedNumbers)(benchmark::State& state) {

@@ -12,10 +12,13 @@ void DesignFormMain() {
     FormMain.Top = 1785;
     FormMain.Image.BackColor = ButtonFace;
     Resize(FormMain, 5460, 7005);
+    FitImage(FormMain);
     FormMain.Image.Cls();
 
     Place(FormMain.Picture1, "Picture1", 60, 90, 5220, 5895);
     FormMain.Picture1.Image.BackColor = Rgb(192, 192, 192);
+    Resize(FormMain.Picture1, 5220, 5895);
+    FormMain.Picture1.Image.Cls();
     FormMain.Picture1.SpokenName = "Board";
 
     Label& standard = FormMain.PStandard;

@@ -27,6 +27,7 @@ void DesignAboutForm() {
     AboutForm.Centred = true;
     Resize(AboutForm, 5160 + FrameWidth(AboutForm.Border), 1470 + FrameHeight(AboutForm.Border));
     const Font bold = {"MS Sans Serif", 8.25F, true};
+    AboutForm.Font = bold;
 
     TextBox& text = AboutForm.AboutText;
     Place(text, "AboutText", 30, 30, 4500, 1050);

@@ -7,31 +7,21 @@
 #include <cstdlib>
 #include <string>
 
-ThumbnailWindow AllShapes;
+AllShapesWindow AllShapes;
 
 namespace {
 
-constexpr int CellsOfAPage = 64;
-constexpr int CellsOfARow = 8;
-constexpr Number CellTwips = 720;
-constexpr std::int16_t EscapeKey = 27;
+constexpr int Columns = 8;
+constexpr int Rows = 8;
+constexpr int CellTwips = 720;
 constexpr std::int16_t RightButton = 2;
 
 void Form_Activate() {
-    ScrollBar& bar = AllShapes.VScroll1;
-    bar.Enabled = Game.QuilletCount > CellsOfAPage;
-    if (bar.Enabled) {
-        Number rows = FloorNumber(Game.QuilletCount / CellsOfARow);
-        if (rows * CellsOfARow < Game.QuilletCount) rows += 1;
-        bar.Max = NearestInt16(rows * CellsOfARow - CellsOfAPage);
-    }
-    bar.Value = ViewTop;
+    SetBar(AllShapes.VScroll1, Columns * Rows, Columns);
 }
 
 void Form_KeyDown(std::int16_t& KeyCode, std::int16_t) {
-    if (KeyCode != EscapeKey) return;
-    KeyCode = 0;
-    HideForm(AllShapes);
+    HideOnEscape(AllShapes, KeyCode);
 }
 
 void Form_MouseMove(std::int16_t, std::int16_t, float X, float Y) {
@@ -67,42 +57,31 @@ void Label1_MouseUp(std::int16_t Button, std::int16_t, float, float) {
 void VScroll1_Change() {
     AllShapes.Label1.Caption.clear();
     ViewTop = AllShapes.VScroll1.Value;
-    AllShapes.Image.Cls();
-    DrawThumbnails();
+    RedrawPage(AllShapesPage());
     AllShapes.Label1.Caption.clear();
 }
 
+/// The close box discards the window: the next one comes up as designed.
 void Form_Unload(std::int16_t&) {
     HideForm(AllShapes);
+    DesignAllShapes();
 }
 
-void DrawAnew() {
-    AllShapes.Image.Cls();
-    DrawThumbnails();
+void Redraw() {
+    RedrawPage(AllShapesPage());
     AllShapes.Image.Refresh();
 }
 
 } // namespace
 
 void DesignAllShapes() {
-    const ThumbnailWindow blank;
+    const AllShapesWindow blank;
     AllShapes = blank;
-    AllShapes.Name = "AllShapes";
-    AllShapes.Caption = "Click to select, right-click to close";
-    AllShapes.CloseBox = true;
-    AllShapes.InTaskBar = false;
-    AllShapes.Centred = true;
+    DesignPageWindow(AllShapes, "AllShapes", "Click to select, right-click to close", Rgb(192, 192, 192),
+                     6015, 5775);
     AllShapes.OpensQuietly = true;
-    AllShapes.ShowsImage = true;
-    AllShapes.Image.BackColor = Rgb(192, 192, 192);
-    AllShapes.Image.UnitsPerPixel = TwipsPerPixelX();
-    Resize(AllShapes, 6015 + FrameWidth(AllShapes.Border), 5775 + FrameHeight(AllShapes.Border));
-
-    ScrollBar& bar = AllShapes.VScroll1;
-    Place(bar, "VScroll1", 5805, 0, 195, 5775);
-    bar.SmallChange = bar.LargeChange = 8;
-    bar.Max = 496;
-    bar.Change = VScroll1_Change;
+    Place(AllShapes.VScroll1, "VScroll1", 5805, 0, 195, 5775);
+    AllShapes.VScroll1.Change = VScroll1_Change;
 
     Label& label = AllShapes.Label1;
     Place(label, "Label1", 4920, 1950, 45, 195);
@@ -110,38 +89,37 @@ void DesignAllShapes() {
     label.AutoSize = true;
     label.MouseUp = Label1_MouseUp;
 
-    AllShapes.Controls = {&AllShapes.VScroll1, &AllShapes.Label1};
+    AllShapes.Controls.push_back(&AllShapes.Label1);
     AllShapes.Activate = Form_Activate;
     AllShapes.KeyDown = Form_KeyDown;
     AllShapes.MouseMove = Form_MouseMove;
     AllShapes.MouseUp = Form_MouseUp;
     AllShapes.Unload = Form_Unload;
-    ViewTop = 0;
 }
 
-PageLayout ThumbnailPage() {
-    return {AllShapes, 8,      8, 0.18F, 720, Game.ScreenScaleX * 49.5, Game.ScreenScaleY * 48.0,
+PageLayout AllShapesPage() {
+    return {AllShapes, Columns, Rows, 0.18F, CellTwips, Game.ScreenScaleX * 49.5, Game.ScreenScaleY * 48.0,
             nullptr,   nullptr};
 }
 
 void DrawThumbnails() {
-    DrawPage(ThumbnailPage());
+    DrawPage(AllShapesPage());
 }
 
-void OpenThumbnails() {
+void OpenAllShapes() {
     ViewTop = 0;
-    DrawAnew();
+    Redraw();
     ShowForm(AllShapes, Modality::Modeless);
 }
 
 void TargetQui_MouseUp(std::int16_t, std::int16_t Button, std::int16_t, float, float) {
     if (Button != RightButton) return;
     const bool open = AllShapes.Visible;
-    DrawAnew();
+    Redraw();
     ShowForm(AllShapes, open ? Modality::Modeless : Modality::Modal);
 }
 
 int ThumbIndex(float X, float Y) {
-    const Number n = ViewTop + 1 + FloorNumber(X / CellTwips) + CellsOfARow * FloorNumber(Y / CellTwips);
+    const Number n = ViewTop + 1 + FloorNumber(X / CellTwips) + Columns * FloorNumber(Y / CellTwips);
     return n >= 1 && n <= Game.QuilletCount ? NearestInt32(n) : 0;
 }

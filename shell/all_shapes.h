@@ -1,27 +1,25 @@
 // View All: up to 64 quillets at a time, to be looked at and chosen from.
 #pragma once
 
-#include "platform/forms.h"
-#include "shell/page_drawing.h"
+#include "shell/page_window.h"
 
-struct ThumbnailWindow : Form {
-    ScrollBar VScroll1;
+struct AllShapesWindow : PageWindow {
     Label Label1; ///< the number of the figure under the pointer
 };
 
-extern ThumbnailWindow AllShapes;
+extern AllShapesWindow AllShapes;
 
-/// Sets the window back to its design, and the page to the first.
+/// Sets the window back to its design.
 void DesignAllShapes();
 
 /// How a page of the window is laid out.
-PageLayout ThumbnailPage();
+PageLayout AllShapesPage();
 
 /// Draws the page that begins after ViewTop; does not clear the window.
 void DrawThumbnails();
 
 /// Opens View All as the panel's button does: beside the game, at the first page.
-void OpenThumbnails();
+void OpenAllShapes();
 
 /// Opens View All as a right click on the target does: modal, at the page where it last stood. A window that
 /// stands open already is drawn anew and raised.

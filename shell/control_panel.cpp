@@ -80,7 +80,7 @@ void ToggleSound(std::int16_t index) {
         Game.SoundOn = Game.FlagOff;
         Button(index).LatchOff();
     } else {
-        Game.SoundOn = NearestInt16(Game.FlagOn);
+        Game.SoundOn = FlagOf(true);
         Button(index).LatchOn();
     }
 }
@@ -106,7 +106,7 @@ constexpr Command Commands[] = {
     {"Random", SelectRandom},
     {"Reset", Reset},
     {"Copy", Copy},
-    {"View All", [](std::int16_t) { OpenThumbnails(); }},
+    {"View All", [](std::int16_t) { OpenAllShapes(); }},
     {"Append existing Quillet", Append},
     {"Remove existing Quillet", Remove},
     {"Normal", [](std::int16_t index) { SwitchLevel(index, Normal_Play); }},

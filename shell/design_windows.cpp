@@ -1,4 +1,4 @@
-// The one table of the game's events.
+// Which procedure answers which event of the two main windows.
 #include "shell/design_windows.h"
 
 #include "core/board_in_words.h"
@@ -47,7 +47,8 @@ void DesignWindows() {
     SetMenuHandler(Form1, "Aboutx", Aboutx_Click);
     SetMenuHandler(Form1, "Exitx", Exitx_Click);
 
-    // These windows answer their own events.
+    // These windows name their own handlers.
+    ViewTop = 0;
     DesignAllShapes();
     DesignPrintShapes();
     DesignHelpForm();

@@ -6,14 +6,14 @@
 
 #include <string>
 
-PrintWindow PrintShapes;
+PageWindow PrintShapes;
 std::int16_t PrintShowSolution = 0;
 
 namespace {
 
-constexpr int CellsOfAPage = 20;
+constexpr int Columns = 5;
+constexpr int Rows = 4;
 constexpr int GridStep = 2160;
-constexpr std::int16_t EscapeKey = 27;
 
 void SetColours(Surface& surface) {
     const Colour grey = Rgb(100, 100, 100);
@@ -28,44 +28,35 @@ void PrintNumber(Surface& surface, int quillet, int column, int row) {
     surface.Print(" " + std::to_string(quillet));
 }
 
-void DrawAnew() {
-    PrintShapes.Image.Cls();
-    DrawPrintPage();
+void Redraw() {
+    RedrawPage(PrintShapesPage());
 }
 
 void Form_Activate() {
     ScrollBar& bar = PrintShapes.VScroll1;
-    bar.Enabled = Game.QuilletCount > CellsOfAPage;
-    if (bar.Enabled) {
-        // Rows of 4 and not of 5: the last figure is reached all the same.
-        Number rows = FloorNumber(Game.QuilletCount / 4);
-        if (rows * 4 < Game.QuilletCount) rows += 1;
-        bar.Max = NearestInt16(rows * 4 - CellsOfAPage);
-        bar.SmallChange = bar.LargeChange = 5;
-    }
-    bar.Value = ViewTop;
+    // Counts in rows of 4, where the page has rows of 5: the last figure is reached all the same.
+    SetBar(bar, Columns * Rows, Rows);
+    if (bar.Enabled) bar.SmallChange = bar.LargeChange = 5;
     PrintShowSolution = Game.FlagOff;
 }
 
 void Form_KeyDown(std::int16_t& KeyCode, std::int16_t) {
-    if (KeyCode != EscapeKey) return;
-    KeyCode = 0;
-    HideForm(PrintShapes);
+    HideOnEscape(PrintShapes, KeyCode);
 }
 
 void VScroll1_Change() {
     ViewTop = PrintShapes.VScroll1.Value;
-    DrawAnew();
+    Redraw();
 }
 
 void ShowSolx_Click() {
-    PrintShowSolution = NearestInt16(Game.FlagOn);
-    DrawAnew();
+    PrintShowSolution = FlagOf(true);
+    Redraw();
 }
 
 void ShowShapex_Click() {
     PrintShowSolution = Game.FlagOff;
-    DrawAnew();
+    Redraw();
 }
 
 void Printx_Click() {
@@ -83,25 +74,11 @@ void Form_Unload(std::int16_t&) {
 } // namespace
 
 void DesignPrintShapes() {
-    const PrintWindow blank;
+    const PageWindow blank;
     PrintShapes = blank;
-    PrintShapes.Name = "PrintShapes";
-    PrintShapes.Caption = "Print Shapes";
-    PrintShapes.CloseBox = true;
-    PrintShapes.InTaskBar = false;
-    PrintShapes.Centred = true;
-    PrintShapes.ShowsImage = true;
-    PrintShapes.Image.BackColor = Rgb(255, 255, 255);
-    PrintShapes.Image.UnitsPerPixel = TwipsPerPixelX();
-    Resize(PrintShapes, 11115 + FrameWidth(PrintShapes.Border), 8685 + FrameHeight(PrintShapes.Border));
-
-    ScrollBar& bar = PrintShapes.VScroll1;
-    Place(bar, "VScroll1", 10920, 0, 195, 8655);
-    bar.SmallChange = bar.LargeChange = 8;
-    bar.Max = 496;
-    bar.Change = VScroll1_Change;
-
-    PrintShapes.Controls = {&PrintShapes.VScroll1};
+    DesignPageWindow(PrintShapes, "PrintShapes", "Print Shapes", Rgb(255, 255, 255), 11115, 8685);
+    Place(PrintShapes.VScroll1, "VScroll1", 10920, 0, 195, 8655);
+    PrintShapes.VScroll1.Change = VScroll1_Change;
     PrintShapes.Menus = {{"Printy",
                           "Print",
                           {{"ShowSolx", "Show Solution", ShowSolx_Click},
@@ -115,10 +92,10 @@ void DesignPrintShapes() {
     PrintShowSolution = 0;
 }
 
-PageLayout PrintPage() {
+PageLayout PrintShapesPage() {
     return {PrintShapes,
-            5,
-            4,
+            Columns,
+            Rows,
             0.54F,
             GridStep,
             Game.ScreenScaleX * 49.5 * 3,
@@ -128,15 +105,16 @@ PageLayout PrintPage() {
 }
 
 void DrawPrintPage() {
-    DrawPage(PrintPage());
+    DrawPage(PrintShapesPage());
 }
 
 void px_Click() {
+    const std::int16_t viewTopBefore = ViewTop;
     PrintShowSolution = Game.FlagOff;
     ViewTop = 0;
-    DrawAnew();
+    Redraw();
     PrintShapes.Image.Refresh();
     ShowForm(PrintShapes, Modality::Modal);
-    // A View All that stands open goes on showing its own page.
-    if (AllShapes.Visible) ViewTop = AllShapes.VScroll1.Value;
+    // View All, where it is open, still shows its own page.
+    if (AllShapes.Visible) ViewTop = viewTopBefore;
 }

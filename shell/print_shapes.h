@@ -1,14 +1,9 @@
 // Print: a page of 20 numbered figures, as a puzzle or with its solution. The window is the page.
 #pragma once
 
-#include "platform/forms.h"
-#include "shell/page_drawing.h"
+#include "shell/page_window.h"
 
-struct PrintWindow : Form {
-    ScrollBar VScroll1;
-};
-
-extern PrintWindow PrintShapes;
+extern PageWindow PrintShapes;
 
 /// Flag: the edges of the pieces are drawn.
 extern std::int16_t PrintShowSolution;
@@ -17,7 +12,7 @@ extern std::int16_t PrintShowSolution;
 void DesignPrintShapes();
 
 /// How a page of the window is laid out.
-PageLayout PrintPage();
+PageLayout PrintShapesPage();
 
 /// Draws the page that begins after ViewTop; does not clear the window.
 void DrawPrintPage();

@@ -3,7 +3,7 @@
 #include "shell/about_form.h"
 #include "shell/all_shapes.h"
 #include "shell/help_form.h"
-#include "shell/page_drawing.h"
+#include "shell/page_window.h"
 #include "shell/print_shapes.h"
 
 namespace {

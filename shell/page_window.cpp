@@ -1,7 +1,10 @@
-// One figure a cell, one polygon a piece, with the grid drawn as each cell comes.
-#include "shell/page_drawing.h"
+// The design of a page, its figures, and its scroll bar.
+#include "shell/page_window.h"
 
 #include "core/piece_geometry.h"
+#include "platform/desktop.h"
+
+#include <algorithm>
 
 std::int16_t ViewTop = 0;
 
@@ -11,6 +14,8 @@ namespace {
 constexpr Number Inset = 100;
 /// How far the dark lines lie from the light ones, in twips.
 constexpr Number Etching = 8;
+
+constexpr std::int16_t EscapeKey = 27;
 
 struct Cell {
     int Column;
@@ -31,10 +36,10 @@ void BuildThumbnail(const PageLayout& layout, int piece, std::size_t quillet, Ce
     }
 }
 
-/// Light lines and dark ones beside them look etched. Each rectangle reaches up to the top of the page: those
-/// of all rows together are the grid.
+/// A light line and a dark one beside it look etched. Each rectangle reaches up to the top of the page; those
+/// of all rows together make the grid.
 void DrawGrid(const PageLayout& layout, Cell cell) {
-    Surface& surface = layout.Page.Image;
+    Surface& surface = layout.Window.Image;
     const Number left = layout.GridStep * (cell.Column - 1), right = layout.GridStep * cell.Column;
     const Number bottom = layout.GridStep * cell.Row;
     const Number e = Game.ScreenScaleX * Etching;
@@ -45,20 +50,36 @@ void DrawGrid(const PageLayout& layout, Cell cell) {
 }
 
 void DrawFigure(const PageLayout& layout, int quillet, Cell cell) {
-    Surface& surface = layout.Page.Image;
+    Surface& surface = layout.Window.Image;
     for (int p = 0; p < PieceCount; ++p) {
         BuildThumbnail(layout, p, static_cast<std::size_t>(quillet), cell);
         DrawGrid(layout, cell);
         if (layout.SetColours) layout.SetColours(surface);
         Polygon(surface, Drawn(Game.TargetPoly));
-        if (layout.Label) layout.Label(surface, quillet, cell.Column, cell.Row);
+        if (layout.WriteLabel) layout.WriteLabel(surface, quillet, cell.Column, cell.Row);
     }
 }
 
 } // namespace
 
+void DesignPageWindow(PageWindow& window, const char* name, const char* caption, Colour background,
+                      float width, float height) {
+    window.Name = name;
+    window.Caption = caption;
+    window.CloseBox = true;
+    window.InTaskBar = false;
+    window.Centred = true;
+    window.ShowsImage = true;
+    window.Image.BackColor = background;
+    window.Image.UnitsPerPixel = TwipsPerPixelX();
+    Resize(window, width + FrameWidth(window.Border), height + FrameHeight(window.Border));
+    window.VScroll1.SmallChange = window.VScroll1.LargeChange = 8;
+    window.VScroll1.Max = 496;
+    window.Controls = {&window.VScroll1};
+}
+
 void DrawPage(const PageLayout& layout) {
-    FitImage(layout.Page);
+    FitImage(layout.Window);
     int n = ViewTop;
     for (int row = 1; row <= layout.Rows; ++row)
         for (int column = 1; column <= layout.Columns; ++column) {
@@ -66,4 +87,22 @@ void DrawPage(const PageLayout& layout) {
             if (n > Game.QuilletCount) return;
             DrawFigure(layout, n, {column, row});
         }
+}
+
+void RedrawPage(const PageLayout& layout) {
+    layout.Window.Image.Cls();
+    DrawPage(layout);
+}
+
+void SetBar(ScrollBar& bar, int cells, int rowLength) {
+    bar.Enabled = Game.QuilletCount > cells;
+    if (bar.Enabled) bar.Max = NearestInt16(std::ceil(Game.QuilletCount / rowLength) * rowLength - cells);
+    // Print may have left the page beyond this bar's end.
+    bar.Value = std::min(ViewTop, bar.Max);
+}
+
+void HideOnEscape(PageWindow& window, std::int16_t& keyCode) {
+    if (keyCode != EscapeKey) return;
+    keyCode = 0;
+    HideForm(window);
 }
