@@ -1,7 +1,7 @@
 // The program: finds its folder and hands the game's first window to the desktop.
-#include "app/program_folder.h"
 #include "core/board_window.h"
 #include "platform_qt/qt_desktop.h"
+#include "program_folder.h"
 #include "shell/design_windows.h"
 
 int main(int argc, char** argv) {

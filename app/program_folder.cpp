@@ -1,6 +1,6 @@
 // Finds the program's folder. Every failure leads on to the folder of the executable, where the start-up will
 // say what is missing.
-#include "app/program_folder.h"
+#include "program_folder.h"
 
 #include "platform/files.h"
 

@@ -85,8 +85,8 @@ void SetPieceBrush(std::int16_t piece) {
     if (Game.PlayLevel == EasyLevel && Game.TurnMatched[piece] == Game.FlagOn) board.FillColor = QBColor(3);
 }
 
-void DrawPiece(int piece) {
-    DrawOnBothSurfaces(piece);
+void DrawPiece(Number piece) {
+    DrawOnBothSurfaces(NearestInt16(piece));
     FormMain.Picture1.Image.Refresh();
 }
 

@@ -14,7 +14,7 @@ void SetPieceBrush(std::int16_t piece);
 void DrawFilled(Surface& surface, const PolygonPoints& polygon, Colour fill, Colour outline);
 
 /// Draws the piece on both surfaces and refreshes the board.
-void DrawPiece(int piece);
+void DrawPiece(Number piece);
 
 /// Draws all pieces but ActivePiece on both surfaces, over what is there; refreshes the board if no piece is
 /// active.

@@ -3,9 +3,9 @@
 // nothing is lost.
 #include "files/collection_reader.h"
 #include "files/settings.h"
+#include "game/game_on_script.h"
 #include "shell/all_shapes.h"
 #include "shell/print_shapes.h"
-#include "tests/game/game_on_script.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,9 +1,9 @@
 // Pictures of the game against the plain surface: every shipped figure at every level and on every page of
 // both views.
+#include "game/game_on_script.h"
 #include "reference.h"
 #include "shell/all_shapes.h"
 #include "shell/print_shapes.h"
-#include "tests/game/game_on_script.h"
 
 #include <cmath>
 

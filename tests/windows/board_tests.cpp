@@ -1,6 +1,6 @@
 // Playing with mouse and keyboard, and leaving the game where it stands.
 #include "platform/desktop.h"
-#include "tests/windows/stage.h"
+#include "windows/stage.h"
 
 #include <QApplication>
 #include <X11/keysym.h>

@@ -1,7 +1,7 @@
 // What the panel opens: file dialogs, View All and help; and what it tells those who do not see it.
 #include "platform_qt/qt_desktop.h"
 #include "shell/all_shapes.h"
-#include "tests/windows/stage.h"
+#include "windows/stage.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,5 +1,5 @@
 // Runs one case beside the game, with real events and a look at the real screen.
-#include "tests/windows/stage.h"
+#include "windows/stage.h"
 
 #include "core/board_window.h"
 #include "platform_qt/qt_desktop.h"

@@ -2,7 +2,7 @@
 // file.
 #include "core/panel_window.h"
 #include "platform_qt/qt_desktop.h"
-#include "tests/windows/stage.h"
+#include "windows/stage.h"
 
 #include <QApplication>
 #include <X11/keysym.h>
