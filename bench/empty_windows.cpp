@@ -1,5 +1,5 @@
-// What a program with two empty windows of the game's size costs: the reference for its start and its memory.
-// With an argument each window has a word in it, and so loads what every program with text has to load.
+// Two windows of the game's size, as a reference for its start and its memory. With an argument each window
+// shows that word, and so loads fonts as every program with text does.
 #include <QApplication>
 #include <QLabel>
 

@@ -1,14 +1,14 @@
-// A game with the largest collection, on a desktop without a display, for everything that is timed.
+// The game with the largest collection on the scripted desktop; every benchmark runs it.
 #pragma once
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
 #include <string>
 
-/// The shipped head and 500 records, the shipped figures over and over.
+/// The shipped head and 500 records: the shipped figures, repeated.
 std::string FullCollection();
 
-/// Starts a game with the full collection before a benchmark, and clears up after it.
+/// Starts the game before a benchmark and removes its folder after it.
 class FullGame : public benchmark::Fixture {
   public:
     void SetUp(benchmark::State&) override;
@@ -17,6 +17,6 @@ class FullGame : public benchmark::Fixture {
     std::filesystem::path Folder;
 };
 
-/// Takes a piece in hand; a step moves it by a pixel or so, to and fro.
+/// Takes a piece in hand; each step moves it by about a pixel, back and forth.
 void BeginDrag();
 void DragStep();

@@ -28,7 +28,7 @@ BENCHMARK_F(FullGame, ViewAllPage)(benchmark::State& state) {
     for (auto step : state) DrawThumbnails();
 }
 
-// The page's numbers are noted down here; their glyphs are the desktop's.
+// Numbers on the page cost a list entry here; the desktop draws their glyphs.
 BENCHMARK_F(FullGame, PrintPage)(benchmark::State& state) {
     for (auto step : state) DrawPrintPage();
 }
@@ -42,7 +42,7 @@ BENCHMARK_F(FullGame, FilledPercent)(benchmark::State& state) {
     for (auto step : state) benchmark::DoNotOptimize(FilledPercent(20, 20, 340, 340));
 }
 
-// The last of 500 goes and comes again, so that each round finds the same file.
+// Removes the last of 500 and appends it again, so each round finds the same file.
 BENCHMARK_F(FullGame, RemoveAndAppend)(benchmark::State& state) {
     SelectQuillet(MostQuillets);
     CopyToBoard();

@@ -1,5 +1,4 @@
-// What the steps of play are measured against: the same pictures by a general paint library, the same bytes
-// set, read and written bare.
+// The references: the same pictures by a general paint library, the same bytes set, read and written.
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "core/piece_geometry.h"
@@ -38,8 +37,7 @@ std::vector<QPolygon> PiecePolygons() {
     return polygons;
 }
 
-/// How many bytes the polygons cover, outlines and all, when each is drawn on two surfaces of the board's
-/// size.
+/// How many bytes the polygons cover, with their outlines, on both surfaces of the board.
 std::size_t BytesOnBothSurfaces(std::size_t pieces) {
     std::size_t pixels = 0;
     PolygonPoints points;
@@ -64,7 +62,7 @@ void SetBytes(benchmark::State& state, std::size_t count) {
     state.counters["bytes"] = static_cast<double>(count);
 }
 
-// The first six pieces, the ones that a drag of the last leaves on the board, and all seven.
+// A drag of the last piece draws the first six; a full redraw draws all seven.
 BENCHMARK_F(FullGame, BytesOfDragStep)(benchmark::State& state) {
     SetBytes(state, BytesOnBothSurfaces(PieceCount - 1));
 }

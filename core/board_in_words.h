@@ -3,6 +3,6 @@
 
 #include <string>
 
-/// The quillet, the level, the piece last handled, and how many pieces have their turn where the board tells
-/// that by colour.
+/// The quillet, the level and the piece last handled; at the easy level, where colour shows it, also how many
+/// pieces have their turn.
 std::string BoardInWords();

@@ -18,11 +18,14 @@ void DrawOnBothSurfaces(int piece) {
     DrawFilled(FormMain.Image, Game.PiecePoly, QBColor(Game.PieceQBColor[piece]), Game.BoardColor);
 }
 
-/// Where the figure begins on the staging surface, in pixels; the target's frame has its caption above.
+/// The corner of the figure on the staging surface, in pixels. CentreFigure copies these margins along, so a
+/// figure stands 2.5 pixels right of the middle of the box and 7 below it, clear of the frame and its
+/// caption.
 constexpr Number StageLeft = 5;
 constexpr Number StageTop = 14;
 
-/// The box in which the figure is centred, in twips: the target without its margin.
+/// The box in which the figure is centred, in twips. The target is larger, 3680 by 4152: a figure that
+/// reaches over the box is still shown there.
 constexpr double BoxWidth = 3500;
 constexpr double BoxHeight = 3600;
 

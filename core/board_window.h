@@ -1,4 +1,4 @@
-// The board window: the board that the player sees, over the window's own surface, which nobody sees.
+// The board window: the board, which covers the window's own surface.
 #pragma once
 
 #include "platform/forms.h"

@@ -22,7 +22,7 @@ Solution SolutionOf(const Collection& collection, std::size_t quillet);
 using Matches = PerPiece<bool>;
 
 /// The matches after the piece was judged. Twins are judged together, their turns in either order: when one
-/// of the two agrees, both matches are set anew; when none does, the twin's stays. Places play no part.
+/// of the two agrees, both matches are set; when none does, the twin's is unchanged. Places play no part.
 Matches MatchedTurns(const PerPiece<Number>& turns, const Solution& solution, int piece, Matches before);
 
 /// Whether the turns of all seven pieces agree with the solution, those of twins in either order.

@@ -95,5 +95,5 @@ void GoForward(WebBrowser& browser);
 /// Seconds since midnight.
 float Timer();
 
-/// The folder where the game keeps its files, as the backend was told at the start.
+/// The folder where the game keeps its files, as the desktop was told at the start.
 std::string ApplicationFolder();

@@ -1,4 +1,4 @@
-// The records of forms and controls: plain data that the game reads and writes, and that a backend shows.
+// The records of forms and controls: plain data that the game reads and writes, and that a desktop shows.
 // Places and sizes are twips (1/1440 inch, 15 to the pixel), those of a control inside its container.
 #pragma once
 
@@ -23,7 +23,7 @@ constexpr Colour WindowText = Rgb(0, 0, 0);
 constexpr Colour Highlight3D = Rgb(255, 255, 255);
 constexpr Colour Shadow3D = Rgb(160, 160, 160);
 
-/// What a backend calls for events. Mouse: Button 1 left, 2 right, 4 middle; Shift 1 Shift, 2 Ctrl, 4 Alt,
+/// What a desktop calls for events. Mouse: Button 1 left, 2 right, 4 middle; Shift 1 Shift, 2 Ctrl, 4 Alt,
 /// added up. X and Y in pixels on a picture, in twips on a form.
 using MouseHandler = void (*)(std::int16_t Button, std::int16_t Shift, float X, float Y);
 /// KeyCode is a virtual key code; a handler that sets it to 0 has used the key up.

@@ -1,4 +1,4 @@
-// The panel's Copy.
+// Copy: every piece moves to its place in the solution.
 #include "play/copy_to_board.h"
 
 #include "core/board_rendering.h"

@@ -1,5 +1,5 @@
 // What the keyboard does on the board: Tab turns the piece last handled, arrows and keypad nudge it.
-// Nudges know no limits, no cue and no solution check.
+// A nudge has no limits, no cue and no solution check.
 #pragma once
 
 #include <cstdint>

@@ -40,7 +40,7 @@ void BuildDragStart(int piece) {
     BuildPolygon(piece, Game.CurTurn, Game.DragX, Game.DragY, Game.TargetPoly);
 }
 
-/// The grip is taken here, at the first move: from now on the piece's place counts from the pointer.
+/// Takes the grip, at the first move: from now on PieceX and PieceY count from the pointer.
 void TakeUp(int piece, float x, float y) {
     Game.DragFromX[piece] = Game.PieceX[piece];
     Game.DragFromY[piece] = Game.PieceY[piece];
@@ -67,7 +67,8 @@ void PutBack(int piece) {
     Game.PieceY[piece] = Game.DragFromY[piece];
 }
 
-/// Repaints all seven pieces, the dropped one on top; its old place goes from the pick map, refused or not.
+/// Repaints all seven pieces, the dropped one on top. Its old place is erased from the pick map, also after a
+/// refusal.
 void ShowDrop(int piece) {
     BuildDragStart(piece);
     ErasePolygon(FormMain.Image);
@@ -157,7 +158,7 @@ void Picture1_MouseUp(std::int16_t Button, std::int16_t Shift, float X, float Y)
         return;
     }
     if (Game.ActivePiece == NoPiece) return;
-    // A release can come from elsewhere without a move before it; the piece has not been taken up yet then.
+    // A release can come without a move before it. The piece has not been taken up then.
     if (Game.DragButton == 1) Picture1_MouseMove(Button, Shift, X, Y);
     Drop(NearestInt16(Game.ActivePiece), X, Y);
 }

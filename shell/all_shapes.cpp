@@ -49,7 +49,7 @@ void Form_MouseUp(std::int16_t Button, std::int16_t, float X, float Y) {
 void Label1_MouseUp(std::int16_t Button, std::int16_t, float, float) {
     const std::string& text = AllShapes.Label1.Caption;
     if (text.empty() || Button == RightButton) return HideForm(AllShapes);
-    // The label may be older than the last Remove.
+    // A Remove may have shortened the collection since the label was set.
     const int n = std::atoi(text.c_str());
     if (n <= Game.QuilletCount) SelectQuillet(n);
 }

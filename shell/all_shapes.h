@@ -1,4 +1,4 @@
-// View All: up to 64 quillets at a time, to be looked at and chosen from.
+// View All: a window of up to 64 quillets at a time. A click chooses one.
 #pragma once
 
 #include "shell/page_window.h"
@@ -22,7 +22,7 @@ void DrawThumbnails();
 void OpenAllShapes();
 
 /// Opens View All as a right click on the target does: modal, at the page where it last stood. A window that
-/// stands open already is drawn anew and raised.
+/// is already open is redrawn and raised.
 void TargetQui_MouseUp(std::int16_t Index, std::int16_t Button, std::int16_t Shift, float X, float Y);
 
 /// The number of the quillet under a point in twips; 0 where it is none of the collection's.

@@ -3,14 +3,14 @@
 
 #include <cstdint>
 
-/// The press of a panel button; what it does is told by the button's hover text alone. Afterwards the
-/// keyboard belongs to the board.
+/// The press of a panel button. The button's hover text alone decides what it does. Afterwards the board has
+/// the keyboard.
 void ButtonPressed(std::int16_t Index);
 
-/// Takes up quillet n: shows it, with the pieces at home.
+/// Chooses quillet n: shows it and sends the pieces home.
 void SelectQuillet(double n);
 
-/// The menu's items. Save as and Open sound their cue here, and the operations sound it again.
+/// Menu items. They play their cue here, and the operations play it again.
 void Saveasx_Click();
 void Openx_Click();
 

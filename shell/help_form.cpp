@@ -9,7 +9,7 @@ HelpWindow HelpForm;
 
 namespace {
 
-/// Back and Forward act only where the page was left by a jump within it.
+/// Back and Forward act only after a jump within the page.
 bool AtAnAnchor() {
     return LocationURL(HelpForm.WebBrowser1).find('#') != std::string::npos;
 }
@@ -30,7 +30,7 @@ void Form_Activate() {
     Navigate(HelpForm.WebBrowser1, HelpForm.Address);
 }
 
-/// A size below nothing, in a very small window, is not taken.
+/// In a very small window a size would be negative; the browser then keeps its last one.
 void Form_Resize() {
     ::WebBrowser& browser = HelpForm.WebBrowser1;
     const float width = HelpForm.Width - 120;

@@ -1,4 +1,4 @@
-// The help page beside the game.
+// The help window.
 #pragma once
 
 #include "platform/forms.h"

@@ -1,4 +1,4 @@
-// Switching the level of play, each way in its own order.
+// Each level's steps, in their order.
 #include "shell/levels.h"
 
 #include "core/board_rendering.h"

@@ -1,8 +1,7 @@
-// The three levels of play. A level never changes what counts as solved, only how much the pictures give
-// away.
+// The three levels of play. A level changes how much the pictures give away, never what counts as solved.
 #pragma once
 
-/// Each sets its level; nothing happens where it is set already.
+/// Sets the level. Does nothing when it is already set.
 void Normal_Play();
 void Easy_Play();
 void VeryEasy_Play();

@@ -97,7 +97,7 @@ void RedrawPage(const PageLayout& layout) {
 void SetBar(ScrollBar& bar, int cells, int rowLength) {
     bar.Enabled = Game.QuilletCount > cells;
     if (bar.Enabled) bar.Max = NearestInt16(std::ceil(Game.QuilletCount / rowLength) * rowLength - cells);
-    // Print may have left the page beyond this bar's end.
+    // Print scrolls further than View All, so the page can lie beyond this bar's end.
     bar.Value = std::min(ViewTop, bar.Max);
 }
 

@@ -13,8 +13,8 @@ struct PageWindow : Form {
     ScrollBar VScroll1;
 };
 
-/// What the two pages differ in. Grid lines are measured in twips and figures in pixels, so these numbers
-/// alone keep the two together.
+/// What the two pages differ in. Grid lines are measured in twips and figures in pixels: these numbers keep
+/// the two together.
 struct PageLayout {
     PageWindow& Window;
     int Columns;
@@ -39,8 +39,8 @@ void DrawPage(const PageLayout& layout);
 /// Clears the window and draws its page.
 void RedrawPage(const PageLayout& layout);
 
-/// Enables the bar where the collection does not fit on a page of so many cells. Its end then lies `cells`
-/// before the last of the rows that hold `rowLength` quillets each.
+/// Enables the bar when the collection has more quillets than the page has cells. The bar then ends where the
+/// last page begins, counted in full rows of `rowLength`.
 void SetBar(ScrollBar& bar, int cells, int rowLength);
 
 /// Hides the window when the key is Esc, and uses the key up.

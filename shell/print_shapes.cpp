@@ -34,7 +34,7 @@ void Redraw() {
 
 void Form_Activate() {
     ScrollBar& bar = PrintShapes.VScroll1;
-    // Counts in rows of 4, where the page has rows of 5: the last figure is reached all the same.
+    // The bar counts rows of 4 where the page has rows of 5. The last figure is still reached.
     SetBar(bar, Columns * Rows, Rows);
     if (bar.Enabled) bar.SmallChange = bar.LargeChange = 5;
     PrintShowSolution = Game.FlagOff;

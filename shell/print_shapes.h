@@ -1,4 +1,4 @@
-// Print: a page of 20 numbered figures, as a puzzle or with its solution. The window is the page.
+// Print: a page of 20 numbered figures, as a puzzle or with the solution. What the window shows is printed.
 #pragma once
 
 #include "shell/page_window.h"

@@ -38,7 +38,7 @@ void SetColours() {
     Game.PieceQBColor = {5, 14, 2, 9, 4, 11, 12};
 }
 
-/// The board gets 350 by 390 pixels, and the window what it takes to hold the board and the label below it.
+/// The board gets 350 by 390 pixels; the window holds the board and the label below it.
 void SizeBoard() {
     constexpr int BoardWidth = 350, BoardHeight = 390;
     Label& standard = FormMain.PStandard;
@@ -75,7 +75,7 @@ void Form_Load() {
     Game.SolutionShown = Game.FlagOff;
     Game.SoundOn = Game.FlagOff;
     SetColours();
-    // The home places keep the 100 that they were read with.
+    // The home places were read with an origin of 100 and keep it.
     Game.BoardX0 = 10;
     Game.BoardY0 = 10;
     if (!LoadQuillets()) EndProgram();

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-/// The whole start-up, in one fixed order: the first code of the program, run when the board window is
-/// loaded. On return a collection is in memory, one of its quillets is shown, the pieces are at home and the
-/// panel is on screen. Ends the program with a message when there is no collection to play.
+/// The whole start-up, in one fixed order; runs when the board window is loaded. On return a collection is in
+/// memory, one of its quillets is shown, the pieces are at home and the panel is on screen. Without a
+/// collection it ends the program with a message.
 void Form_Load();
 
 /// Ends the program; saves nothing.

@@ -1,4 +1,4 @@
-// Makes the pictures of the help page: plays the game where nobody sees it, and saves what its windows show.
+// Makes the pictures of the help page: plays the game offscreen and saves what its windows show.
 // Arguments: the collection, and the folder for the pictures.
 #include "core/board_window.h"
 #include "core/panel_window.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The quillet that is built, as it stands in the collection behind its number, and its corner on the board.
+/// The quillet that is built, by its record without the number, and its corner on the board.
 constexpr const char* SwanRecord = ",60,60,4,74,148,0,170,148,5,94,156,1,60,156,3,74,60,0,170,100,2,60,94";
 constexpr Number FigureX = 20, FigureY = 20;
 constexpr std::int16_t Normal = 14, Easy = 15, VeryEasy = 16, Sound = 11;
@@ -67,7 +67,7 @@ void Turn(int piece) {
     while (Game.PieceTurn[piece] != Game.SolTurn[piece][Swan]) Deliver([=] { TurnPiece(piece); });
 }
 
-/// Drags a piece to its place; the first is looked at on its way.
+/// Drags a piece to its place; takes a picture of the first on its way.
 void Lay(int piece) {
     Turn(piece);
     const QPointF from = Middle(piece);
@@ -104,7 +104,7 @@ void TakePages() {
     Save("print", Shown("PrintShapes").grab(), Full);
 }
 
-/// The order of the pieces is one in which none comes to lie on another.
+/// In this order no piece is dropped onto another.
 void TakePictures() {
     FormMain.Activate = nullptr;
     ShowForm(FormMain, Modality::Modeless);
