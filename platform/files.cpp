@@ -64,7 +64,7 @@ FileError Lock(int handle, int kind) {
 
 FileError ReadAll(int handle, std::size_t limit, std::string& content) {
     content.clear();
-    struct stat status {};
+    struct stat status{};
     if (::fstat(handle, &status) != 0) return Reason();
     if (!S_ISREG(status.st_mode)) return "it is not a file";
     if (static_cast<std::uintmax_t>(status.st_size) > limit) return "the file is too large";
@@ -116,14 +116,14 @@ int OpenBeside(const std::string& path, std::string& fresh) {
 
 std::int32_t FileLength(const std::string& path) {
     OpenFile file(path, O_RDONLY | O_NONBLOCK);
-    struct stat status {};
+    struct stat status{};
     if (!file.IsOpen() || ::fstat(file.Handle(), &status) != 0 || !S_ISREG(status.st_mode)) return 0;
     constexpr off_t Most = std::numeric_limits<std::int32_t>::max();
     return static_cast<std::int32_t>(std::min<off_t>(status.st_size, Most));
 }
 
 bool HoldsSomething(const std::string& path) {
-    struct stat status {};
+    struct stat status{};
     if (::stat(path.c_str(), &status) != 0) return errno != ENOENT && errno != ENOTDIR;
     return !S_ISREG(status.st_mode) || status.st_size > 0;
 }
@@ -144,7 +144,7 @@ FileError ReplaceFile(const std::string& path, const std::string& content) {
     std::string fresh;
     OpenFile file(OpenBeside(target, fresh));
     if (!file.IsOpen()) return Reason();
-    struct stat status {};
+    struct stat status{};
     if (::stat(target.c_str(), &status) == 0) ::fchmod(file.Handle(), status.st_mode & 07777);
     FileError error = Finish(file, fresh, content);
     if (error.empty() && ::rename(fresh.c_str(), target.c_str()) != 0) error = Reason();

@@ -39,8 +39,7 @@ TEST(Board, ADragEndsAtItsReleaseOrWhereItBegan) {
     expectBackHome();
     Release();
     Carry(2, 60, 300);
-    QMetaObject::invokeMethod(
-        qApp, [] { MsgBox("A pause"); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(qApp, [] { MsgBox("A pause"); }, Qt::QueuedConnection);
     expectBackHome();
     Answer("A pause", XK_Return);
     Release();

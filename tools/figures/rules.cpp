@@ -96,9 +96,8 @@ int FilledShare(const Layout& layout) {
     int filled = 0, all = 0;
     for (int y = Pixels(box.least.y); y <= Pixels(box.most.y); y++)
         for (int x = Pixels(box.least.x); x <= Pixels(box.most.x); x++, all++)
-            filled += std::any_of(outlines.begin(), outlines.end(), [&](const PixelOutline& outline) {
-                return Covers(outline, {x, y});
-            });
+            filled += std::any_of(outlines.begin(), outlines.end(),
+                                  [&](const PixelOutline& outline) { return Covers(outline, {x, y}); });
     return filled * 100 / (all + 1);
 }
 
