@@ -32,7 +32,7 @@ void DesignAboutForm() {
     TextBox& text = AboutForm.AboutText;
     Place(text, "AboutText", 30, 30, 4500, 1050);
     text.Font = bold;
-    text.Text = "\r\nQuillets, by the founders of Quillets\r\nfounders@quillets.example\r\nNovember 2026";
+    text.Text = "\r\nQuillets, by the founders of Quillets\r\nfounders@quillets.example\r\n" RELEASE_MONTH;
     text.MouseDown = AboutText_MouseDown;
 
     Place(AboutForm.Picture1, "Picture1", 4635, 30, 510, 480);
@@ -48,7 +48,7 @@ void DesignAboutForm() {
 
     Label& version = AboutForm.Label1;
     Place(version, "Label1", 0, 1125, 5145, 300);
-    version.Caption = "Version 1.1";
+    version.Caption = "Version " RELEASE_NUMBER;
     version.Font = bold;
     version.ForeColor = Rgb(255, 255, 255);
     version.BackColor = Rgb(0, 0, 0);
