@@ -1,46 +1,47 @@
 // The recipes of the nine sound cues: what is struck, brushed or blown, when, and how loud.
-// Gains count within a cue only, for each is brought to the same peak at the end.
+// Gains count within a cue only, for each is brought to the same loudness at the end. Every cue is carried by
+// what lies above 300 Hz: small loudspeakers give little else.
 #include "cues.h"
 
 #include <cmath>
 
 namespace {
-/// A piece is turned.
+/// A piece is turned: two blocks of wood touch.
 Sound Tick() {
     Noise noise{11};
     Sound tick;
-    Mix(tick, Strike(950, 0.002, 0.005), 0, 1);
-    Mix(tick, Strike(1730, 0.002, 0.003), 0, 0.5);
+    Mix(tick, Strike(950, 0.003, 0.02), 0, 1);
+    Mix(tick, Strike(1730, 0.002, 0.012), 0, 0.4);
     Sound touch = Hiss(noise, 0.02, {2200, 1500}, 1);
-    Fall(touch, 0.001, 0.003);
-    Mix(tick, touch, 0, 0.8);
+    Fall(touch, 0.002, 0.004);
+    Mix(tick, touch, 0, 0.5);
     return tick;
 }
 
 /// A drop is accepted: wood slides over wood and comes to rest.
 Sound WoodenSlide() {
     Noise noise{23};
-    Sound slide = Hiss(noise, 0.3, {620, 380}, 2.5);
+    Sound slide = Hiss(noise, 0.3, {1100, 620}, 2.5);
     Swell(slide, 0.55);
     constexpr double Rest = 0.24;
-    Mix(slide, Strike(205, 0.006, 0.03), Rest, 0.22);
-    Mix(slide, Strike(430, 0.005, 0.018), Rest, 0.16);
-    Mix(slide, Strike(710, 0.004, 0.01), Rest, 0.08);
+    Mix(slide, Strike(430, 0.006, 0.025), Rest, 0.22);
+    Mix(slide, Strike(710, 0.005, 0.018), Rest, 0.16);
+    Mix(slide, Strike(1180, 0.004, 0.01), Rest, 0.08);
     return slide;
 }
 
-/// A soft mallet on a low bar, with overtones for loudspeakers too small for its pitch.
-Sound LowNote(double pitch, double decay) {
-    Sound note = Strike(pitch, 0.01, decay);
-    Mix(note, Strike(2 * pitch, 0.008, decay * 0.7), 0, 0.5);
-    Mix(note, Strike(3 * pitch, 0.008, decay * 0.4), 0, 0.2);
-    return note;
+/// Knuckles on a hollow door.
+Sound Knock(double pitch, double decay) {
+    Sound knock = Strike(pitch, 0.01, decay);
+    Mix(knock, Strike(1.59 * pitch, 0.008, decay * 0.7), 0, 0.4);
+    Mix(knock, Strike(2.14 * pitch, 0.008, decay * 0.4), 0, 0.2);
+    return knock;
 }
 
-/// A drop is refused: two low steps down.
+/// A drop is refused: two knocks, the second lower.
 Sound Refusal() {
-    Sound refusal = LowNote(196, 0.04);
-    Mix(refusal, LowNote(147, 0.06), 0.11, 1);
+    Sound refusal = Knock(440, 0.05);
+    Mix(refusal, Knock(349, 0.07), 0.12, 1);
     return refusal;
 }
 
@@ -87,11 +88,11 @@ Sound Flight() {
 Sound BrightClick() {
     Noise noise{71};
     Sound click;
-    Mix(click, Strike(2350, 0.001, 0.006), 0, 1);
-    Mix(click, Strike(3900, 0.001, 0.004), 0, 0.5);
+    Mix(click, Strike(2350, 0.002, 0.015), 0, 1);
+    Mix(click, Strike(3900, 0.002, 0.008), 0, 0.3);
     Sound touch = Hiss(noise, 0.012, {5000, 4000}, 1);
-    Fall(touch, 0.001, 0.002);
-    Mix(click, touch, 0, 0.7);
+    Fall(touch, 0.002, 0.003);
+    Mix(click, touch, 0, 0.4);
     return click;
 }
 
@@ -118,19 +119,19 @@ Sound SighingHorn() {
         Swell(note, 0.3);
         Mix(figure, note, start, 1);
     };
-    blow(0, 0.24, {330, 322}, 0);
-    blow(0.23, 0.24, {311, 303}, 0);
-    blow(0.46, 0.62, {294, 255}, 0.02);
+    blow(0, 0.24, {440, 430}, 0);
+    blow(0.23, 0.24, {415, 405}, 0);
+    blow(0.46, 0.54, {392, 335}, 0.02);
     return figure;
 }
 
 /// Goodbye: a chord that rises string by string.
 Sound RisingChord() {
-    constexpr double Pitches[] = {261.63, 329.63, 392.00, 523.25};
+    constexpr double Pitches[] = {392.00, 493.88, 587.33, 783.99};
     Sound chord;
     for (int string = 0; string < 4; ++string) {
         const double pitch = Pitches[string];
-        Sound note = Strike(pitch, 0.02, 0.13 + 0.01 * string);
+        Sound note = Strike(pitch, 0.015, 0.11 + 0.01 * string);
         Mix(note, Strike(2 * pitch, 0.015, 0.1), 0, 0.3);
         Mix(note, Strike(3 * pitch, 0.012, 0.06), 0, 0.1);
         Mix(chord, note, 0.085 * string, 1 - 0.1 * string);
@@ -142,7 +143,7 @@ Sound RisingChord() {
 const std::array<Cue, 9> Cues = {{
     {"Click.wav", Tick},
     {"Slide.wav", WoodenSlide},
-    {"Error.wav", Refusal},
+    {"Error.wav", Refusal, 1}, // the one that must not be missed
     {"clap4.wav", Applause},
     {"whoosh1.wav", Flight},
     {"click2.wav", BrightClick},

@@ -1,5 +1,5 @@
 // The game's sound cues: the name of each file, and the procedure that makes its sound.
-// Every call of a procedure gives the same sound, ready to be written.
+// Every call of a procedure gives the same sound, ready to be mastered.
 #pragma once
 
 #include "synthesis.h"
@@ -9,6 +9,7 @@
 struct Cue {
     const char* File;
     Sound (*Make)();
+    double Level = 0;
 };
 
 extern const std::array<Cue, 9> Cues;

@@ -1,6 +1,7 @@
 // Makes the game's sound cues: make_cues FOLDER writes every cue into the folder, which must exist.
 // The bytes are the same on every run; a file that cannot be written ends the program with an error.
 #include "cues.h"
+#include "mastering.h"
 #include "wave_file.h"
 
 #include <fstream>
@@ -20,10 +21,8 @@ int main(int argumentCount, char** arguments) {
         return 2;
     }
     for (const Cue& cue : Cues) {
-        Sound sound = cue.Make();
-        Master(sound);
         const std::string path = std::string(arguments[1]) + "/" + cue.File;
-        if (!Write(path, WaveFile(sound))) {
+        if (!Write(path, WaveFile(Mastered(cue.Make(), cue.Level)))) {
             std::cerr << "cannot write " << path << "\n";
             return 1;
         }

@@ -12,31 +12,6 @@ using std::numbers::pi;
 std::size_t Samples(double seconds) {
     return static_cast<std::size_t>(std::lround(seconds * SampleRate));
 }
-
-/// From 0 up to 1 along half a cosine, level before and after.
-double Rise(double progress) {
-    return 0.5 - 0.5 * std::cos(pi * std::clamp(progress, 0.0, 1.0));
-}
-
-void RemoveRumble(Sound& sound) {
-    constexpr double Cutoff = 40;
-    const double follow = 1 - std::exp(-2 * pi * Cutoff / SampleRate);
-    double rumble = 0;
-    for (double& sample : sound) {
-        rumble += follow * (sample - rumble);
-        sample -= rumble;
-    }
-}
-
-void FadeEnds(Sound& sound) {
-    constexpr double FadeIn = 0.001 * SampleRate;
-    constexpr double FadeOut = 0.008 * SampleRate;
-    for (std::size_t i = 0; i < sound.size(); ++i) {
-        const auto before = static_cast<double>(i);
-        const auto after = static_cast<double>(sound.size() - 1 - i);
-        sound[i] *= Rise(before / FadeIn) * Rise(after / FadeOut);
-    }
-}
 } // namespace
 
 double Noise::Next() {
@@ -48,6 +23,10 @@ double Noise::Next() {
 
 double Noise::Between(double low, double high) {
     return low + (high - low) * (Next() + 1) / 2;
+}
+
+double Rise(double progress) {
+    return 0.5 - 0.5 * std::cos(pi * std::clamp(progress, 0.0, 1.0));
 }
 
 double Glide::At(double progress) const {
@@ -118,13 +97,4 @@ void Mix(Sound& sound, const Sound& addition, double start, double gain) {
     const std::size_t first = Samples(start);
     sound.resize(std::max(sound.size(), first + addition.size()));
     for (std::size_t i = 0; i < addition.size(); ++i) sound[first + i] += gain * addition[i];
-}
-
-void Master(Sound& sound) {
-    constexpr double Peak = 0.7079; // 3 dB below full scale
-    RemoveRumble(sound);
-    FadeEnds(sound);
-    double peak = 0;
-    for (const double sample : sound) peak = std::max(peak, std::abs(sample));
-    for (double& sample : sound) sample *= Peak / peak;
 }

@@ -25,6 +25,9 @@ struct Glide {
     double At(double progress) const;
 };
 
+/// From 0 up to 1 along half a cosine while `progress` runs from 0 to 1; level before and after.
+double Rise(double progress);
+
 /// A tone that is struck, rises within `attack` and dies away; `decay` is the time to 1/e.
 Sound Strike(double pitch, double attack, double decay);
 
@@ -42,6 +45,3 @@ void Fall(Sound& sound, double attack, double decay);
 
 /// Adds a sound to another, which grows if need be.
 void Mix(Sound& sound, const Sound& addition, double start, double gain);
-
-/// Makes a sound fit to be played: no rumble, silence at both ends, the peak 3 dB below full scale.
-void Master(Sound& sound);
