@@ -2,7 +2,6 @@
 #include "files/quality_checks.h"
 
 #include "core/board_window.h"
-#include "core/game_state.h"
 #include "core/piece_geometry.h"
 
 #include <algorithm>
@@ -15,14 +14,11 @@ constexpr int ProbeDistance = 3;
 constexpr Vertex Probes[ProbeCount] = {{+1, -1}, {+1, +1}, {-1, -1}, {-1, +1},
                                        {+1, 0},  {-1, 0},  {0, +1},  {0, -1}};
 
-/// A set that holds all pieces, as a text.
+/// The length of a set that holds all pieces.
 constexpr std::size_t FullSetLength = 2 * PieceCount;
 
-constexpr std::int16_t AllConnected = -1;
-constexpr std::int16_t InGroups = -99;
+/// More than seven pieces ever need.
 constexpr int MostWidenings = 12;
-
-PerPiece<std::string> TouchList;
 
 std::string Member(int piece) {
     return {' ', static_cast<char>('0' + piece)};
@@ -49,13 +45,39 @@ void IncludePieceOf(Colour colour, std::string& set) {
         if (colour == Game.PieceRGB[q]) return Include(set, q);
 }
 
-void MakeMutual() {
+} // namespace
+
+TouchLists Mutual(TouchLists lists) {
     for (int i = 0; i < PieceCount; ++i)
         for (int j = 0; j < PieceCount; ++j)
-            if (j != i && Holds(TouchList[j], i)) Include(TouchList[i], j);
+            if (j != i && Holds(lists[j], i)) Include(lists[i], j);
+    return lists;
 }
 
-} // namespace
+std::string Widened(std::string set, const TouchLists& lists) {
+    const std::string before = set;
+    for (int k = 0; k < PieceCount; ++k) {
+        if (k != 0 && !Holds(before, k)) continue;
+        for (int m = 0; m < PieceCount; ++m)
+            if (Holds(lists[k], m)) Include(set, m);
+    }
+    return set;
+}
+
+std::int16_t Connection(const TouchLists& lists) {
+    for (std::int16_t p = 0; p < PieceCount; ++p)
+        if (lists[p].empty()) return p;
+    std::string group = lists[0], before;
+    for (int widening = 0; widening < MostWidenings && group != before; ++widening) {
+        before = group;
+        group = Widened(group, lists);
+    }
+    return before.size() < FullSetLength ? InGroups : AllConnected;
+}
+
+double Percentage(double filled, double empty) {
+    return std::floor(filled * 100.0 / (empty + filled + 1.0));
+}
 
 std::string TouchingPieces(std::int16_t piece) {
     Game.DrawX = Game.BoardX0 + Game.PieceX[piece];
@@ -63,36 +85,22 @@ std::string TouchingPieces(std::int16_t piece) {
     Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
     BuildPolygon(piece, Game.CurTurn, Game.DrawX, Game.DrawY, Game.PiecePoly);
     std::string touching;
-    for (const Vertex corner : Drawn(Game.PiecePoly))
-        for (const Colour colour : ColoursAround(corner))
+    for (const Vertex corner : Drawn(Game.PiecePoly)) {
+        const std::array<Colour, ProbeCount> ProbeColor = ColoursAround(corner);
+        for (const Colour colour : ProbeColor)
             if (colour != Game.PieceRGB[piece] && colour != Game.BoardColor) IncludePieceOf(colour, touching);
+    }
     return touching;
 }
 
 void ExpandTouchSet(std::string& set) {
-    const std::string before = set;
-    for (int k = 0; k < PieceCount; ++k) {
-        if (k != 0 && !Holds(before, k)) continue;
-        for (int m = 0; m < PieceCount; ++m)
-            if (Holds(TouchList[k], m)) Include(set, m);
-    }
+    set = Widened(set, Game.TouchList);
 }
 
 void CheckConnected(std::int16_t& result) {
-    result = AllConnected;
-    for (std::int16_t p = 0; p < PieceCount; ++p) TouchList[p] = TouchingPieces(p);
-    MakeMutual();
-    for (std::int16_t p = 0; p < PieceCount; ++p)
-        if (TouchList[p].empty()) {
-            result = p;
-            return;
-        }
-    std::string group = TouchList[0], before;
-    for (int widening = 0; widening < MostWidenings && group != before; ++widening) {
-        before = group;
-        ExpandTouchSet(group);
-    }
-    if (before.size() < FullSetLength) result = InGroups;
+    for (std::int16_t p = 0; p < PieceCount; ++p) Game.TouchList[p] = TouchingPieces(p);
+    Game.TouchList = Mutual(Game.TouchList);
+    result = Connection(Game.TouchList);
 }
 
 double FilledPercent(double left, double top, double right, double bottom) {
@@ -101,5 +109,5 @@ double FilledPercent(double left, double top, double right, double bottom) {
     const std::int32_t firstY = NearestInt32(top), lastY = FloorInt32(bottom);
     const double all = std::max(lastX - firstX + 1.0, 0.0) * std::max(lastY - firstY + 1.0, 0.0);
     const double empty = FormMain.Picture1.Image.CountOf(Game.BoardColor, firstX, firstY, lastX, lastY);
-    return std::floor((all - empty) * 100.0 / (all + 1.0));
+    return Percentage(all - empty, empty);
 }
