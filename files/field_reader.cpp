@@ -20,6 +20,52 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
+/// A number without its sign: digits times a power of ten.
+struct DecimalParts {
+    std::uint64_t Digits = 0;
+    int Exponent = 0;
+
+    /// Digits beyond the precision of a double only count as places.
+    void Add(char digit, int exponent) {
+        constexpr std::uint64_t Full = 100'000'000'000'000'000;
+        const bool fits = Digits < Full;
+        if (fits) Digits = 10 * Digits + static_cast<std::uint64_t>(digit - '0');
+        Exponent += fits ? exponent : exponent + 1;
+    }
+
+    /// Exact to the last bit where 15 digits and a power of 22 are enough.
+    double Value() const {
+        const auto digits = static_cast<double>(Digits);
+        return Exponent < 0 ? digits / std::pow(10.0, -Exponent) : digits * std::pow(10.0, Exponent);
+    }
+};
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// Takes a run of digits from the front of the text, each of which shifts the exponent; answers how many.
+int TakeDigits(std::string_view& text, DecimalParts& parts, int exponent) {
+    int count = 0;
+    for (; !text.empty() && IsDigit(text.front()); text.remove_prefix(1), ++count)
+        parts.Add(text.front(), exponent);
+    return count;
+}
+
+/// Takes an exponent, if there is one; false when its number is missing.
+bool TakeExponent(std::string_view& text, DecimalParts& parts) {
+    if (text.empty() || (text.front() != 'e' && text.front() != 'E')) return true;
+    text.remove_prefix(1);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    int exponent = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), exponent);
+    if (error == std::errc::invalid_argument) return false;
+    text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
+    constexpr int Most = 100'000; // far beyond any double
+    parts.Exponent += error == std::errc{} ? std::clamp(exponent, -Most, Most) : Most;
+    return true;
+}
+
 std::string_view WithoutCarriageReturn(std::string_view line) {
     if (line.ends_with('\r')) line.remove_suffix(1);
     return line;
@@ -98,9 +144,16 @@ bool FieldReader::SkipLine() {
 }
 
 std::optional<double> ParseNumber(std::string_view field) {
-    const char* end = field.data() + field.size();
-    double value = 0;
-    const auto [stop, error] = std::from_chars(field.data(), end, value);
-    if (error != std::errc{} || stop != end || !std::isfinite(value)) return std::nullopt;
-    return value;
+    const bool negative = field.starts_with('-');
+    if (negative) field.remove_prefix(1);
+    DecimalParts parts;
+    int digits = TakeDigits(field, parts, 0);
+    if (field.starts_with('.')) {
+        field.remove_prefix(1);
+        digits += TakeDigits(field, parts, -1);
+    }
+    if (digits == 0 || !TakeExponent(field, parts) || !field.empty()) return std::nullopt;
+    const double value = parts.Value();
+    if (!std::isfinite(value)) return std::nullopt;
+    return negative ? -value : value;
 }

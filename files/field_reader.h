@@ -1,4 +1,4 @@
-// Reads a text field by field, as every text file of the game is read.
+// Reads a text field by field. Every text file of the game is read by it.
 #pragma once
 
 #include <charconv>
@@ -19,8 +19,8 @@ class FieldReader {
 
     std::string_view NextField();
 
-    /// Reads the next field if it is a whole number of 32 bits with a comma or a line end close behind it, as
-    /// nearly all are; else nothing, and answers false.
+    /// The fast path: reads the next field if it is a whole number of 32 bits with a comma or a line end
+    /// right behind it. Otherwise reads nothing and answers false.
     bool NextWholeNumber(std::int32_t& whole) {
         const char* end = Rest_.data() + Rest_.size();
         auto [stop, error] = std::from_chars(Rest_.data(), end, whole);
@@ -65,5 +65,6 @@ class FieldReader {
     int FieldLine_ = 1;
 };
 
-/// The value of a field that is one decimal number and nothing else.
+/// The value of a field that is one decimal number and nothing else: digits, with a point and an exponent
+/// where wanted, behind a minus sign or none. The same in every language.
 std::optional<double> ParseNumber(std::string_view field);

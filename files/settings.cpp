@@ -6,9 +6,11 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cmath>
+#include <locale>
 #include <optional>
+#include <sstream>
 #include <string_view>
 
 namespace {
@@ -19,32 +21,58 @@ std::string SettingsPath() {
     return Game.AppPath + "Quillets.cfg";
 }
 
-/// The shortest decimal text that reads back as the same number, with a point in every language.
+/// As few digits as read back to the same number, with a point in every language.
 std::string Decimal(float number) {
-    std::array<char, 64> text;
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr;
-    return {text.data(), end};
+    constexpr int UsualDigits = 7, MostDigits = 9;
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    for (int digits = UsualDigits; digits <= MostDigits; ++digits) {
+        text.str("");
+        text.precision(digits);
+        text << number;
+        if (Single(ParseNumber(text.str()).value_or(0)) == number) break;
+    }
+    return text.str();
 }
 
-/// The file name behind the last separator; in double quotes, those within it doubled, where it would not
-/// come back as it is.
+/// Whether line 1 can hold the name.
+bool CanBeStored(std::string_view name) {
+    const auto isControl = [](unsigned char c) { return c < ' ' || c == 0x7f; };
+    return !name.starts_with("\xEF\xBB\xBF") && std::none_of(name.begin(), name.end(), isControl);
+}
+
+/// Whether the name needs double quotes to come back as it is.
+bool NeedsQuotes(const std::string& name) {
+    return name.empty() || name.find_first_of(",\"") != std::string::npos || name.front() == ' '
+           || name.back() == ' ';
+}
+
+/// Line 1: the name behind the last separator.
 std::string CollectionField() {
     std::string name = Game.QuilletFile.substr(Game.QuilletFile.rfind(PathSeparator) + 1);
-    const std::string_view blanks = " \t";
-    const bool plain = name.find_first_of(",\"") == std::string::npos && !name.empty()
-                       && blanks.find(name.front()) == blanks.npos && blanks.find(name.back()) == blanks.npos;
-    if (plain) return name;
+    if (!CanBeStored(name)) name = Settings{}.CollectionName;
+    if (!NeedsQuotes(name)) return name;
     std::string quoted = "\"";
     for (const char c : name) quoted += c == '"' ? "\"\"" : std::string(1, c);
     return quoted + '"';
 }
 
+/// The four places; none where one of them cannot be read.
+std::optional<std::array<float, 4>> ReadPlacement(FieldReader& reader) {
+    std::array<float, 4> placement{};
+    for (float& place : placement) {
+        const std::optional<double> number = ParseNumber(reader.NextBlankSeparatedField());
+        if (!number || !std::isfinite(Single(*number))) return std::nullopt;
+        place = Single(*number);
+    }
+    return placement;
+}
+
 } // namespace
 
 void EnsureSettings() {
-    // Settings that can't be read just now are not missing. A folder that can't be written leaves the game
-    // with the same defaults, so a failure needs no answer.
+    // Settings that cannot be read just now are not missing. In a folder that cannot be written the game goes
+    // on with the same defaults, so a failure needs no message.
     if (FileLength(SettingsPath()) == Game.FlagOff && !HoldsSomething(SettingsPath()))
         ReplaceFile(SettingsPath(), "QUILLET.qui\r\n-1,-1,-1,-1\r\n");
 }
@@ -54,15 +82,10 @@ Settings ReadSettings() {
     std::string text;
     ReadFile(SettingsPath(), LargestFile, text);
     FieldReader reader(text);
-    if (const std::string name = reader.NextQuotedField(); !name.empty()) settings.CollectionName = name;
-    // A place with a part that can't be read is none.
-    std::array<float, 4> placement{};
-    for (float& place : placement) {
-        const std::optional<double> number = ParseNumber(reader.NextBlankSeparatedField());
-        if (!number || !std::isfinite(Single(*number))) return settings;
-        place = Single(*number);
-    }
-    settings.Placement = placement;
+    const std::string name = reader.NextQuotedField();
+    if (!CanBeStored(name)) return settings;
+    if (!name.empty()) settings.CollectionName = name;
+    settings.Placement = ReadPlacement(reader).value_or(settings.Placement);
     return settings;
 }
 
