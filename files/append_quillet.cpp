@@ -1,14 +1,14 @@
-// Append: the checks in their order, each question with its way out, and the one record that is written.
+// Append: the checks in their order, the questions, and the record that is written.
 #include "files/append_quillet.h"
 
 #include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "core/piece_geometry.h"
+#include "files/collection_format.h"
 #include "files/collection_reader.h"
 #include "files/quality_checks.h"
 #include "platform/desktop.h"
-#include "platform/files.h"
 
 #include <algorithm>
 #include <string>
@@ -20,27 +20,32 @@ constexpr Number GreatestExtent = 320;
 constexpr double LeastFilledPercent = 20;
 
 /// The box of all vertices, in board pixels.
-Number AppendLeft, AppendTop, AppendRight;
-std::int16_t AppendBottom;
+struct Box {
+    Number AppendLeft = 9999;
+    Number AppendTop = 9999;
+    Number AppendRight = -1;
+    std::int16_t AppendBottom = -1;
+};
 
 void BuildPiecePoly(int piece) {
     BuildPolygon(piece, NearestInt16(Game.PieceTurn[piece]), Game.BoardX0 + Game.PieceX[piece],
                  Game.BoardY0 + Game.PieceY[piece], Game.PiecePoly);
 }
 
-void MeasureArrangement() {
-    AppendLeft = AppendTop = 9999;
-    AppendRight = AppendBottom = -1;
+void Include(const Vertex& vertex, Box& box) {
+    box.AppendLeft = std::min<Number>(box.AppendLeft, vertex.X);
+    box.AppendTop = std::min<Number>(box.AppendTop, vertex.Y);
+    box.AppendRight = std::max<Number>(box.AppendRight, vertex.X);
+    box.AppendBottom = NearestInt16(std::max<Number>(box.AppendBottom, vertex.Y));
+}
+
+Box MeasureArrangement() {
+    Box box;
     for (int p = 0; p < PieceCount; ++p) {
         BuildPiecePoly(p);
-        for (std::size_t j = 0; j < ComputedPoints; ++j) {
-            const Vertex vertex = Game.PiecePoly[j];
-            AppendLeft = std::min<Number>(AppendLeft, vertex.X);
-            AppendTop = std::min<Number>(AppendTop, vertex.Y);
-            AppendRight = std::max<Number>(AppendRight, vertex.X);
-            AppendBottom = NearestInt16(std::max<Number>(AppendBottom, vertex.Y));
-        }
+        for (std::size_t j = 0; j < ComputedPoints; ++j) Include(Game.PiecePoly[j], box);
     }
+    return box;
 }
 
 /// A question with OK and Cancel; true for OK.
@@ -49,8 +54,10 @@ bool Confirmed(const std::string& first, const std::string& second) {
            == BoxAnswer::Ok;
 }
 
-bool SmallEnough() {
-    if (AppendRight - AppendLeft <= GreatestExtent && AppendBottom - AppendTop <= GreatestExtent) return true;
+bool SmallEnough(const Box& box) {
+    if (box.AppendRight - box.AppendLeft <= GreatestExtent
+        && box.AppendBottom - box.AppendTop <= GreatestExtent)
+        return true;
     MsgBox("Quillet is too wide or too tall");
     return false;
 }
@@ -69,8 +76,8 @@ bool ConnectedOrConfirmed() {
     return result != -99 || Confirmed("A cluster of blocks appear isolated !", "Proceed anyway ?");
 }
 
-/// The figure as it will be stored, inside its box; on the board alone.
-void PaintForQuestions() {
+/// Shows the figure as it will be stored, inside its box, on the board alone.
+void PaintForQuestions(const Box& box) {
     Surface& board = FormMain.Picture1.Image;
     for (std::int16_t p = 0; p < PieceCount; ++p) {
         BuildPiecePoly(p);
@@ -80,29 +87,29 @@ void PaintForQuestions() {
         Polygon(board, Drawn(Game.PiecePoly));
     }
     board.FillStyle = FillMode::None;
-    board.Line(AppendLeft, AppendTop, AppendRight, AppendBottom, QBColor(14));
+    board.Line(box.AppendLeft, box.AppendTop, box.AppendRight, box.AppendBottom, QBColor(14));
     board.Refresh();
 }
 
-bool DenseOrConfirmed() {
-    return FilledPercent(AppendLeft, AppendTop, AppendRight, AppendBottom) >= LeastFilledPercent
+bool DenseOrConfirmed(const Box& box) {
+    return FilledPercent(box.AppendLeft, box.AppendTop, box.AppendRight, box.AppendBottom)
+               >= LeastFilledPercent
            || Confirmed("Quillet appears sparse; may be too easy to solve !", "Append anyway ?");
 }
 
-std::string NewRecord() {
-    const auto decimal = [](Number number) { return std::to_string(NearestInt32(number)); };
-    const auto coordinate = [](Number number) { return std::to_string(NearestInt16(number)); };
-    std::string record =
-        decimal(Game.QuilletCount + 1) + "," + decimal(AppendLeft) + "," + decimal(AppendTop);
-    for (int p = 0; p < PieceCount; ++p)
-        record += "," + decimal(Game.PieceTurn[p]) + "," + coordinate(Game.BoardX0 + Game.PieceX[p]) + ","
-                  + coordinate(Game.BoardY0 + Game.PieceY[p]);
-    return record + "\r\n";
+std::string NewRecord(const Box& box) {
+    Figure figure{box.AppendLeft, box.AppendTop, Game};
+    for (Number& x : figure.Pieces.PieceX) x += Game.BoardX0;
+    for (Number& y : figure.Pieces.PieceY) y += Game.BoardY0;
+    return RecordText(Game.QuilletCount + 1, figure);
 }
 
-/// Adds the record and shows the new quillet, or tells why the file could not be written or read.
-void Append() {
-    const FileError error = AppendToFile(Game.QuilletFile, NewRecord());
+/// Adds the record and shows the new quillet, or tells why the file could not be changed or read.
+void Append(const std::string& record) {
+    const FileError error = ChangeCollection([&record](std::string& text) {
+        text = WithRecord(text, record);
+        return FileError{};
+    });
     if (!error.empty()) {
         MsgBox("The Quillet was not appended to the file:" + Game.LineBreak + Game.QuilletFile
                + Game.LineBreak + error + ".");
@@ -115,11 +122,11 @@ void Append() {
 } // namespace
 
 void AppendQuillet() {
-    MeasureArrangement();
-    if (SmallEnough() && ConnectedOrConfirmed()) {
-        PaintForQuestions();
-        if (DenseOrConfirmed() && Confirmed("Append this Quillet to file:", Game.QuilletFile + " ?"))
-            Append();
+    const Box box = MeasureArrangement();
+    if (SmallEnough(box) && ConnectedOrConfirmed()) {
+        PaintForQuestions(box);
+        if (DenseOrConfirmed(box) && Confirmed("Append this Quillet to file:", Game.QuilletFile + " ?"))
+            Append(NewRecord(box));
     }
     FormMain.Picture1.Image.Cls();
     DrawAllPieces();

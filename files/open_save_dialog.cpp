@@ -1,6 +1,7 @@
 // Fills the dialog's record, and takes the path out of it.
 #include "files/open_save_dialog.h"
 
+#include "core/game_state.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 constexpr std::size_t BufferLength = 254;
 
-/// The text laid over the start of as many blanks as the dialog's buffers hold.
+/// The text over the start of a buffer of blanks.
 std::string Padded(const std::string& text) {
     std::string buffer(std::max(BufferLength, text.size()), ' ');
     std::copy(text.begin(), text.end(), buffer.begin());
@@ -24,8 +25,7 @@ std::string PathIn(const std::string& buffer) {
     return trimmed.substr(0, trimmed.find('\0'));
 }
 
-/// Any other extension gives way, also one that only differs in case; a dot in a folder's name counts as
-/// well.
+/// Replaces everything from the last dot on, which may stand in the name of a folder.
 std::string WithExtension(const std::string& path, const std::string& filter) {
     const std::string extension = filter.substr(filter.find('.'), 4);
     return path.substr(0, path.rfind('.')) + extension;
@@ -33,8 +33,9 @@ std::string WithExtension(const std::string& path, const std::string& filter) {
 
 } // namespace
 
-std::string FileDialog(Form& form, std::int16_t saving, const std::string& title, const std::string& filter,
-                       const std::string& fileName, const std::string& folder) {
+std::string OpenSaveDialog::FileDialog(Form& form, std::int16_t saving, const std::string& title,
+                                       const std::string& filter, const std::string& fileName,
+                                       const std::string& folder) {
     OpenFileName record;
     record.lStructSize = 76;
     record.hwndOwner = &form;
@@ -46,9 +47,9 @@ std::string FileDialog(Form& form, std::int16_t saving, const std::string& title
     record.nMaxFileTitle = BufferLength + 1;
     record.lpstrInitialDir = folder.ends_with(PathSeparator) ? folder : folder + PathSeparator;
     record.lpstrTitle = title;
-    record.Flags = saving ? OFN_HIDEREADONLY : OFN_FILEMUSTEXIST + OFN_HIDEREADONLY;
-    const std::int32_t chosen = saving ? GetSaveFileNameA(record) : GetOpenFileNameA(record);
+    record.Flags = saving == Game.FlagOn ? OFN_HIDEREADONLY : OFN_FILEMUSTEXIST + OFN_HIDEREADONLY;
+    const std::int32_t chosen = saving == Game.FlagOn ? GetSaveFileNameA(record) : GetOpenFileNameA(record);
     if (chosen == 0) return {};
     const std::string path = PathIn(record.lpstrFile);
-    return saving ? WithExtension(path, filter) : path;
+    return saving == Game.FlagOn ? WithExtension(path, filter) : path;
 }

@@ -1,5 +1,10 @@
-// Text files: their length, their content, and replacing a file so that no moment leaves it broken.
+// Files of text: their length, their content, and changing them so that no moment leaves one broken.
 // Paths are full paths or relative to the current folder. No handle outlives a call but that of a LockedFile.
+//
+// A change is prepared in a new file in the same folder, synced, and takes over the name in one step. A kill
+// or a power cut leaves the whole old content or the whole new one, and at most the new file, FreshName,
+// which the next change in that folder removes. Where the folder cannot be written, the file is changed in
+// place, and a kill or a power cut may leave a mixture of both.
 #pragma once
 
 #include <cstddef>
@@ -9,10 +14,14 @@
 /// What stands between the folders of a path.
 constexpr char PathSeparator = '/';
 
+/// The name of the new file while a change is prepared. It does not depend on the name of the file, which may
+/// already be as long as names can be.
+constexpr const char* FreshName = ".quillets-new";
+
 /// Bytes of a file; 0 when it is empty, missing or cannot be read for any reason. Never fails.
 std::int32_t FileLength(const std::string& path);
 
-/// False only where the path is known to lead to nothing, or to an empty file.
+/// True for a file that is not empty, and where nobody can tell. Folders and devices hold nothing.
 bool HoldsSomething(const std::string& path);
 
 /// What a file operation came to: an empty text when it was done, else the reason in words.
@@ -22,41 +31,32 @@ using FileError = std::string;
 /// change. On failure `content` is empty.
 FileError ReadFile(const std::string& path, std::size_t limit, std::string& content);
 
-/// Puts `content` in the place of the file, made if missing. The new content is on the disk before the old
-/// one goes; on failure the old file is untouched and nothing is left beside it.
+/// Puts `content` in the place of the file, made if missing; on the disk when it returns without an error. On
+/// failure the file is as it was. A link stays, and the file that it leads to is replaced or made.
 FileError ReplaceFile(const std::string& path, const std::string& content);
-
-/// Adds text at the end of an existing file in one write, after ending a last line that has no end; on the
-/// disk when it returns without an error. On failure the file is as it was.
-FileError AppendToFile(const std::string& path, const std::string& text);
 
 /// True when both paths lead to the same existing file.
 bool SameFile(const std::string& one, const std::string& other);
 
-/// A file that no other copy of the game reads or changes meanwhile; set free with the object.
+/// An existing file that no other copy of the game reads or changes meanwhile; set free with the object.
 class LockedFile {
   public:
-    enum class WhenMissing { Fails, IsMade };
-
-    /// Opens a file to be read and written.
-    explicit LockedFile(const std::string& path, WhenMissing missing = WhenMissing::Fails);
+    explicit LockedFile(const std::string& path);
     LockedFile(const LockedFile&) = delete;
     LockedFile& operator=(const LockedFile&) = delete;
     ~LockedFile();
 
-    /// Why the file can't be used; empty when it can.
-    const FileError& Error() const { return Error_; }
+    bool IsMissing() const { return IsMissing_; }
 
-    FileError Read(std::size_t limit, std::string& content);
+    /// As ReadFile.
+    FileError Read(std::size_t limit, std::string& content) const;
 
-    /// Writes over the old content in place, and cuts the file to the new length last; on the disk when it
-    /// returns without an error. On failure the file may be neither the old nor the new one.
-    FileError Overwrite(const std::string& content);
-
-    /// As AppendToFile.
-    FileError Append(const std::string& text);
+    /// As ReplaceFile. The object keeps the old file and can be used no more.
+    FileError Replace(const std::string& content) const;
 
   private:
-    int Handle_;
-    FileError Error_;
+    std::string Path_; ///< at the end of all links
+    int Handle_ = -1;
+    bool IsMissing_ = false;
+    FileError Error_; ///< why the file cannot be used
 };

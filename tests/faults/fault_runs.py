@@ -1,39 +1,36 @@
 #!/usr/bin/python3
-"""Proves that nothing of the player's is lost whatever fails, by running the operations on files in bad luck.
+"""Runs the operations on files while something fails, and looks for whatever the player would lose.
 
 Usage: fault_runs.py PROGRAM COLLECTION TRIAL, with one of the trials
-  injected   each system call of each operation fails with each of seven errors, and meets a kill
+  injected   each system call of each operation fails with each of seven errors
+  power_cut  a power cut, or a kill, at each moment of each operation, in every state that it may leave on the disk
   full_disk  growing amounts of free space, from none on (code 77 where nothing may be mounted)
   crowd      one program appends to a collection from which another one removes, over and over
   awkward    collections of any size and kind are opened: the right answer, in no time, in little memory
-With QUILLETS_LONG set there are more amounts and fights, and kills at random moments.
+With QUILLETS_LONG set there are a hundred times as many fights.
 """
 import collections
 import concurrent.futures
 import os
 import pathlib
-import random
 import re
 import subprocess
 import sys
 import tempfile
-import time
 
-LONG = "QUILLETS_LONG" in os.environ
-COLLECTION, SETTINGS, TARGET, RESCUE = "QUILLET.qui", "Quillets.cfg", "target.qui", "QuiFile.tmp"
-REFUSAL = re.compile("The Quillet was not (appended|removed)|The (file|settings) could not be (written|saved)")
+COLLECTION, SETTINGS, TARGET, RESCUE, FRESH = "QUILLET.qui", "Quillets.cfg", "target.qui", "QuiFile.tmp", ".quillets-new"
+REFUSAL = re.compile("The Quillet was not (appended|removed)|The (file|settings) could not be (read|written|saved)")
 OVERWRITE = re.compile(r".*\| file already exists, overwrite\?")
 QUESTION = re.compile(r"(Append|Remove) this Quillet|.*\|(Proceed|Append) anyway \?")
-# A collection that can't be read back says nothing about what was written.
+# A collection that cannot be read back says nothing about what was written.
 REMARK = re.compile(r"Quillet shapes file cannot be read|.*\|copied as:\|")
 RECORD = rb"\d+(,-?\d+){23}"
-PAGE = os.sysconf("SC_PAGESIZE")
-
-# `new` is the content of the file `changed` after the operation, `before` are all files at its start.
-Operation = collections.namedtuple("Operation", "name arguments changed new before")
-Outcome = collections.namedtuple("Outcome", "code boxes after")
+PAGE, SECTOR = os.sysconf("SC_PAGESIZE"), 512
 ERRORS = ("ENOSPC", "EIO", "EACCES", "EDQUOT", "EROFS", "EFBIG", "EINTR")
-Call = collections.namedtuple("Call", "name number path")
+
+# All files before the operation, and after it.
+Operation = collections.namedtuple("Operation", "name arguments before after")
+Outcome = collections.namedtuple("Outcome", "code boxes files")
 
 
 def head_and_records(shipped, count):
@@ -48,184 +45,205 @@ def numbered(records):
 def operations(head, records):
     """The figures stand where the game's Copy lays them, so that an appended copy differs in its number alone."""
     old = head + numbered(records)
+    shorter = head + numbered(records[:1] + records[2:])
+    removed = {COLLECTION: shorter, RESCUE: shorter}
     before = {COLLECTION: old, SETTINGS: b"QUILLET.qui\r\n 1500  1500  3000  3000 \r\n"}
-    with_target = before | {TARGET: b"an older collection\r\n"}
-    moved = before[SETTINGS].replace(b"1500", b"1515", 1)
-    return [
-        Operation("append", ["append", "1", "0"], COLLECTION, head + numbered(records + records[:1]), before),
-        Operation("remove", ["remove", "2", "1"], COLLECTION, head + numbered(records[:1] + records[2:]), before),
-        Operation("remove again", ["remove", "2", "1"], COLLECTION, head + numbered(records[:1] + records[2:]),
-                  before | {RESCUE: 2 * old}),
-        Operation("save as", ["saveas", TARGET], TARGET, old, before),
-        Operation("save over", ["saveas", TARGET], TARGET, old, with_target),
-        Operation("settings", ["settings"], SETTINGS, moved, before),
-    ]
+    for name, arguments, more, changed in (
+            ("append", ["append", "1", "0"], {}, {COLLECTION: head + numbered(records + records[:1])}),
+            ("remove", ["remove", "2", "1"], {}, removed),
+            ("remove again", ["remove", "2", "1"], {RESCUE: 2 * old}, removed),
+            ("save as", ["saveas", TARGET], {}, {TARGET: old}),
+            ("save over", ["saveas", TARGET], {TARGET: b"an older collection\r\n"}, {TARGET: old}),
+            ("settings", ["settings"], {}, {SETTINGS: before[SETTINGS].replace(b"1500", b"1515", 1)})):
+        yield Operation(name, arguments, before | more, before | more | changed)
 
 
 def put(folder, files):
+    folder.mkdir(exist_ok=True)
     for file in folder.iterdir():
         file.unlink()
     for name, content in files.items():
         (folder / name).write_bytes(content)
+    return folder
 
 
-def play(command, operation, folder):
+def play(command, folder, operation):
     run = subprocess.run([*command, folder, *operation.arguments], cwd=folder, stdout=subprocess.PIPE,
                          timeout=60, check=False)
-    after = {file.name: file.read_bytes() for file in folder.iterdir()}
-    return Outcome(run.returncode, run.stdout.decode().splitlines(), after)
+    files = {file.name: file.read_bytes() for file in folder.iterdir()}
+    return Outcome(run.returncode, run.stdout.decode().splitlines(), files)
 
 
-def refusals(outcome):
-    return [box for box in outcome.boxes if REFUSAL.match(box)]
+def refused(outcome):
+    return any(map(REFUSAL.match, outcome.boxes))
 
 
-def faults(operation, outcome, killed=False):
-    """What the outcome breaks, in words."""
-    old, now = operation.before.get(operation.changed), outcome.after.get(operation.changed)
-    refused = refusals(outcome)
-    whole_rescue = operation.name.startswith("remove") and outcome.after.get(RESCUE) == operation.new
-    rescued = whole_rescue and (killed or any(box.endswith("/" + RESCUE) for box in refused))
-    if outcome.code != (-9 if killed else 0):
+def faults(operation, outcome):
+    """What is wrong with the outcome, in words. Whatever fails, all is done, or a message says that nothing was."""
+    if outcome.code != 0:
         yield f"code {outcome.code}"
-    if now not in (old, operation.new) and not rescued:
-        yield f"neither old nor new: {now}"
-    spared = operation.before.keys() - {operation.changed, RESCUE}
-    if any(outcome.after.get(name) != operation.before[name] for name in spared):
-        yield "another file changed"
-    if killed:
-        return
-    if refused and now != old and not rescued:
-        yield "changed in spite of the failure told"
-    if not refused and now != operation.new:
-        yield "not done, and no failure told"
-    if operation.name == "save over" and now != old and not any(map(OVERWRITE.match, outcome.boxes)):
+    wanted = operation.before if refused(outcome) else operation.after
+    for name in wanted.keys() | outcome.files.keys():
+        # Remove tells where it left the new content.
+        rescued = name == RESCUE and outcome.files.get(name) == operation.after.get(name)
+        if outcome.files.get(name) != wanted.get(name) and not rescued:
+            yield f"{name} is {outcome.files.get(name)}"
+    if operation.name == "save over" and not refused(outcome) and not any(map(OVERWRITE.match, outcome.boxes)):
         yield "written over without a question"
-    if not all(any(kind.match(box) for kind in (REFUSAL, OVERWRITE, QUESTION, REMARK)) for box in outcome.boxes):
-        yield "an unknown box"
-    left = set(outcome.after) - set(operation.before) - {operation.changed} - ({RESCUE} if whole_rescue else set())
-    if left:
-        yield f"left beside the collection: {left}"
+    for box in outcome.boxes:
+        if not any(kind.match(box) for kind in (REFUSAL, OVERWRITE, QUESTION, REMARK)):
+            yield f"an unknown box: {box}"
 
 
-def calls_in(log):
-    """The calls between the marks; a number counts from the program's start, a path is that of the open file."""
-    counts, calls, inside = collections.Counter(), [], False
-    for line in log.read_text().splitlines():
-        if match := re.match(r"(?:\d+ +)?(\w+)\((?:\d+<(.*?)>)?", line):
-            counts[match[1]] += 1
-            if "/quillets-operation-" in line:
-                inside = "-begins" in line
-            elif inside and match[1] != "mmap":
-                calls.append(Call(match[1], counts[match[1]], match[2] or ""))
-    return calls
+def told(operation, outcome, what):
+    return [f"{operation.name}, {what}: {fault}; boxes {outcome.boxes}" for fault in faults(operation, outcome)]
 
 
-def unsynced(calls):
-    """The writes that something other follows than the next write to the same file, or its sync."""
-    changes = [call for call in calls if call.name in ("write", "ftruncate", "fsync", "rename")] + [Call("end", 0, "")]
-    return [call for call, then in zip(changes, changes[1:]) if call.name in ("write", "ftruncate")
-            and (then.name == "rename" or then.path != call.path)]
-
-
-def traced(program, operation, folder, what):
-    folder.mkdir()
-    put(folder, operation.before)
+def traced(program, operation, folder, *options):
+    """Plays the operation under strace; its outcome, and the lines of the log between the operation's marks."""
     log = folder.with_suffix(".log")
-    return play(["strace", "-f", "-o", log, *what, program], operation, folder), log
+    outcome = play(["strace", "-f", "-o", log, *options, program], put(folder, operation.before), operation)
+    before, _, during = log.read_text().partition("-operation-begins")
+    return outcome, before.splitlines(), during.partition("-operation-ends")[0].splitlines()[1:-1]
 
 
-def inject(program, operation, folder, call, effect):
-    """Plays the operation with a changed call; the faults as lines, and whether a failure was told."""
-    killed = effect.startswith("signal")
-    outcome, log = traced(program, operation, folder,
-                          ["-e", f"trace={call.name},access,faccessat",
-                           "-e", f"inject={call.name}:{effect}:when={call.number}"])
-    during = log.read_text().partition("-operation-begins")[2].partition("-operation-ends")[0]
-    found = list(faults(operation, outcome, killed))
-    if not (f"{call.name}(" in during and (killed or "(INJECTED)" in during)):
-        found.append("the call was not met")
-    # Where a folder can't be synced there is no more to be done; the file itself is on the disk.
-    must_tell = call.name in ("write", "ftruncate", "fsync", "rename") and not call.path.endswith(operation.name)
-    tried_again = call.name == "write" and effect == "error=EINTR"
-    if must_tell and not killed and bool(refusals(outcome)) == tried_again:
-        found.append("the failure was not told")
-    run = f"{operation.name}, {call.name} {call.number}, {effect}"
-    return [f"{run}: {fault}; boxes {outcome.boxes}" for fault in found], bool(refusals(outcome))
+def name_of(line):
+    return re.sub(r"^(\d+ +)?(\w*).*", r"\2", line)
+
+
+def inject(program, operation, folder, call, number, error):
+    outcome, _, during = traced(program, operation, folder, "-e", f"trace={call},access,faccessat",
+                                "-e", f"inject={call}:error={error}:when={number}")
+    found = told(operation, outcome, f"{call} {number} fails with {error}")
+    if not any("(INJECTED)" in line for line in during):
+        found.append(f"{operation.name}: {call} {number} was not met")
+    # A change that is not on the disk is not done, unless it was tried again or in place.
+    if call in ("pwrite64", "ftruncate") and error not in ("EINTR", "EACCES", "EROFS") and not refused(outcome):
+        found.append(f"{operation.name}: the failure of {call} {number} was not told")
+    return found, refused(outcome)
 
 
 def run_injected(program, shipped, scratch):
     found = []
     with concurrent.futures.ThreadPoolExecutor(2) as workers:
         for operation in operations(*head_and_records(shipped, 5)):
-            name = operation.name
-            outcome, log = traced(program, operation, scratch / name, ["-y", "-e", "trace=%file,%desc"])
-            found += [f"{name}: {fault}; boxes {outcome.boxes}" for fault in faults(operation, outcome)]
-            calls = calls_in(log)
-            found += [f"{name}: {call} is not synced" for call in unsynced(calls)]
-            runs = [workers.submit(inject, program, operation, scratch / f"{name}-{call.name}-{call.number}-{effect}",
-                                   call, effect)
-                    for call in calls for effect in ("signal=KILL", *(f"error={error}" for error in ERRORS))]
-            found += [line for run in runs for line in run.result()[0]]
-            told = sum(run.result()[1] for run in runs)
-            print(f"{name}: {len(calls)} calls, {len(runs)} runs, {told} failures told", flush=True)
-            if not 0 < told < len(runs):
-                found.append(f"{name}: the runs prove nothing")
-            if LONG:
-                found += kill_at_random(program, operation, scratch / name, 2000)
+            outcome, before, during = traced(program, operation, scratch / "plain", "-e", "trace=%file,%desc")
+            found += told(operation, outcome, "nothing fails")
+            counts, runs = collections.Counter(map(name_of, before)), []
+            for call in map(name_of, during):
+                counts[call] += 1
+                runs += [workers.submit(inject, program, operation, scratch / f"{call}-{counts[call]}-{error}", call,
+                                        counts[call], error) for error in ERRORS if call not in ("mmap", "close")]
+            results = [run.result() for run in runs]
+            found += [line for lines, _ in results for line in lines]
+            refusals = sum(failed for _, failed in results)
+            print(f"{operation.name}: {len(during)} calls, {len(runs)} runs, {refusals} failures told", flush=True)
+            if not 0 < refusals < len(runs):
+                found.append(f"{operation.name}: the runs prove nothing")
     return found
 
 
-def kill_at_random(program, operation, folder, times):
-    """Kills within twice the time that the operation takes; it may be done by then."""
-    seed, killed, found = random.randrange(10**6), 0, []
-    moments = random.Random(seed)
-    start = time.monotonic()
-    play([program], operation, folder)
-    longest = 2 * (time.monotonic() - start)
-    for _ in range(times):
-        put(folder, operation.before)
-        outcome = play(["timeout", "-s", "KILL", f"{moments.uniform(0.001, longest):.6f}", program], operation, folder)
-        killed += outcome.code != 0
-        found += [f"{operation.name}, killed: {fault}" for fault in faults(operation, outcome, outcome.code != 0)]
-    print(f"{operation.name}: {times} random moments by seed {seed}, {killed} kills before the end, {len(found)} faults",
-          flush=True)
+class Possible:
+    """A content or the names of a folder: the newest state, and all states that a power cut may leave of it."""
+
+    def __init__(self, state):
+        self.newest, self.all = state, [state]
+
+    def change(self, whole, *torn):
+        self.all += [way(state) for state in self.all for way in (whole, *torn)]
+        self.newest = whole(self.newest)
+
+    def sync(self):
+        self.all = [self.newest]
+
+
+def write(at, data):
+    return lambda content: content[:at].ljust(at, b"\0") + data + content[at + len(data):]
+
+
+def torn_writes(at, data):
+    """Only the beginning, only the end, or only the length is on the disk."""
+    for cut in range(SECTOR, len(data), SECTOR):
+        yield from (write(at, data[:cut]), write(at + cut, data[cut:]))
+    yield write(at, bytes(len(data)))
+
+
+def after_power_cuts(files, log):
+    """For each call the states that a power cut behind it may leave: the contents that each name may lead to.
+
+    Between two syncs each write is on the disk, or is not, or is torn, and each change of a name is there or is not.
+    """
+    names = Possible({name: Possible(content) for name, content in files.items()})
+    opened = {}
+    for line in log:
+        call, arguments, result = re.match(r"(?:\d+ +)?(\w+)\((.*)\) += (-?\d+)", line).groups()
+        texts = [text.encode().decode("unicode_escape") for text in re.findall('"([^"]*)"', arguments)]
+        numbers = [int(number) for number in re.findall(r"\b\d+\b", re.sub('"[^"]*"', "", arguments))]
+        paths = [os.path.basename(text) for text in texts]
+        if int(result) < 0:
+            continue
+        if call == "openat":
+            file = names.newest.get(paths[0], Possible(b"") if "O_CREAT" in arguments else names)
+            if "O_CREAT" in arguments:
+                names.change(lambda old, path=paths[0], file=file: old | {path: file})
+            opened[int(result)] = file
+        elif call == "pwrite64":
+            data = texts[0].encode("latin-1")[:int(result)]
+            opened[numbers[0]].change(write(numbers[-1], data), *torn_writes(numbers[-1], data))
+        elif call == "ftruncate":
+            opened[numbers[0]].change(lambda content, length=numbers[1]: content[:length].ljust(length, b"\0"))
+        elif call == "fsync":
+            opened[numbers[0]].sync()
+        elif call in ("rename", "unlink"):
+            gone, *fresh = paths
+            moved = {name: names.newest[gone] for name in fresh}
+            names.change(lambda old, gone=gone, moved=moved: {name: old[name] for name in old if name != gone} | moved)
+        yield line[:40], [{name: set(old[name].all) for name in old} for old in names.all]
+
+
+def lost_by_power_cut(operation, state, allowed):
+    """What is lost if each name may lead to these contents, in words."""
+    for name in operation.after.keys() | state.keys() - {FRESH}:
+        if not state.get(name, {None}) <= {files.get(name) for files in allowed}:
+            yield f"{name} is neither old nor new"
+    changed = state[COLLECTION] != {operation.before[COLLECTION]}
+    if changed and state.get(RESCUE, {None}) != {operation.after.get(RESCUE)}:
+        yield f"the collection has changed before {RESCUE} was on the disk"
+
+
+def run_power_cut(program, shipped, scratch):
+    """Each file is its old or its new content. What is left beside them, the next operation removes."""
+    found = []
+    for operation in operations(*head_and_records(shipped, 100)):
+        _, _, log = traced(program, operation, scratch / "cut", "-s", "1000000", "-e", "trace=%file,%desc")
+        moments = list(after_power_cuts(operation.before, log))
+        lost = [f"{operation.name}, power cut after {call}: {fault}" for call, states in moments for state in states
+                for fault in lost_by_power_cut(operation, state, (operation.before, operation.after))]
+        lost += [f"{operation.name}, power cut when all was done: {fault}" for state in moments[-1][1]
+                 for fault in lost_by_power_cut(operation, state, (operation.after,))]
+        count = sum(len(contents) for _, states in moments for state in states for contents in state.values())
+        leftovers = {content for _, states in moments for state in states for content in state.get(FRESH, ())}
+        for left in sorted(leftovers, key=len)[::8]:
+            outcome = play([program], put(scratch / "left", operation.before | {FRESH: left}), operation)
+            lost += told(operation, outcome, f"{len(left)} bytes left by a power cut")
+        print(f"{operation.name}: {len(moments)} moments, {count} states, {len(lost)} lost", flush=True)
+        found += lost if leftovers else [f"{operation.name}: the states prove nothing"]
     return found
-
-
-def leave_free(disk, pages):
-    """Fills the disk but for so many pages."""
-    with open(disk / "filler", "wb") as filler:
-        os.posix_fallocate(filler.fileno(), 0, (os.statvfs(disk).f_bfree - pages) * PAGE)
-    assert os.statvfs(disk).f_bfree == pages
-
-
-def padded(head, records, slack):
-    """The head with a longer free field, so that the collection's last page has just so many bytes to spare."""
-    return head[:-2] + b"." * (-(len(head + numbered(records)) + slack) % PAGE) + head[-2:]
 
 
 def run_full_disk(program, shipped, disk):
-    found, folder = [], disk / "game"
-    folder.mkdir()
-    head, records = head_and_records(shipped, 300)
-    amounts = [40, *range(0, (1000 if LONG else 100) * 512, 512)]
-    for name in ("append", "remove", "save as", "save over", "settings"):
-        told = 0
-        for amount in amounts:
-            room = padded(head, records, amount % PAGE)
-            operation = next(one for one in operations(room, records) if one.name == name)
+    found, told_in_all = [], collections.Counter()
+    for pages in range(25):
+        for operation in operations(*head_and_records(shipped, 300)):
             (disk / "filler").unlink(missing_ok=True)
-            put(folder, operation.before)
-            leave_free(disk, amount // PAGE)
-            outcome = play([program], operation, folder)
-            told += bool(refusals(outcome))
-            found += [f"{name}, {amount} bytes free: {fault}; boxes {outcome.boxes}"
-                      for fault in faults(operation, outcome)]
-        print(f"{name}: {len(amounts)} amounts of free space, {told} failures told", flush=True)
-        if not 0 < told < len(amounts):
-            found.append(f"{name}: the amounts prove nothing")
-    return found
+            put(disk / "game", operation.before)
+            with open(disk / "filler", "wb") as filler:
+                os.posix_fallocate(filler.fileno(), 0, (os.statvfs(disk).f_bfree - pages) * PAGE)
+            outcome = play([program], disk / "game", operation)
+            found += told(operation, outcome, f"{pages} pages free")
+            told_in_all[operation.name] += refused(outcome)
+    print(f"failures told with 0 to 24 free pages: {dict(told_in_all)}")
+    return found + [f"{name}: the amounts prove nothing" for name, times in told_in_all.items() if not 0 < times < 25]
 
 
 def on_small_disk(scratch):
@@ -233,7 +251,7 @@ def on_small_disk(scratch):
     mounted = ["unshare", "-m" if os.geteuid() == 0 else "-rm",
                "sh", "-c", 'mount -t tmpfs -o size=1m tmpfs "$0" && exec "$@"', scratch]
     if subprocess.run([*mounted, "true"], check=False).returncode != 0:
-        print("Skipped: a small disk can't be mounted here; that needs root or the user namespaces of the kernel.")
+        print("Skipped: a small disk cannot be mounted here; that needs root or the user namespaces of the kernel.")
         return 77
     return subprocess.run([*mounted, sys.executable, *sys.argv, scratch], check=False).returncode
 
@@ -242,7 +260,7 @@ def fight(program, shipped, scratch, shift):
     """One program appends, another removes from the front: each record tells its round by its corner."""
     rounds, first = 50, 5
     head, records = head_and_records(shipped, first)
-    put(scratch, operations(head, records)[0].before)
+    put(scratch, next(operations(head, records)).before)
     commands = (["append", str(rounds), str(shift)], ["remove", "1", str(rounds)])
     both = [subprocess.Popen(["timeout", "60", program, scratch, *command], cwd=scratch, stdout=subprocess.PIPE,
                              text=True) for command in commands]
@@ -255,12 +273,12 @@ def fight(program, shipped, scratch, shift):
 
 
 def run_crowd(program, shipped, scratch):
-    fights = 20 * (100 if LONG else 1)
+    fights = 2000 if "QUILLETS_LONG" in os.environ else 20
     print(f"{fights} times 50 records appended while 50 were removed")
     return [fault for number in range(fights) for fault in fight(program, shipped, scratch, 1 + number % 20)]
 
 
-def awkward_files(shipped, scratch):
+def awkward_files(shipped):
     """Name, what to write, the answer: a number of quillets, or what is told."""
     head, records = head_and_records(shipped, 500)
     whole = shipped.read_bytes()
@@ -282,30 +300,28 @@ def awkward_files(shipped, scratch):
 
 def run_awkward(program, shipped, scratch):
     """The program tells, last: how many quillets it holds, the milliseconds that it took, and its memory in KiB."""
-    head, records = head_and_records(shipped, 5)
-    before, found, rest = operations(head, records)[0].before, [], None
-    for name, content, answer in [("nothing", None, "5"), *awkward_files(shipped, scratch)]:
+    before, found, rest = next(operations(*head_and_records(shipped, 5))).before, [], None
+    for name, content, answer in [("nothing", None, "5"), *awkward_files(shipped)]:
         folder = scratch / name
-        folder.mkdir()
         put(folder, before)
         path = folder / "awkward.qui"
         content(path) if callable(content) else content is not None and path.write_bytes(content)
         run = subprocess.run([program, folder, "open", path if content else ""], stdout=subprocess.PIPE, check=False)
-        *boxes, told = run.stdout.decode().splitlines()
-        count, milliseconds, memory = told.split()
+        *boxes, told_last = run.stdout.decode().splitlines()
+        count, milliseconds, memory = told_last.split()
         rest = rest or int(memory)
         print(f"{name}: {milliseconds} ms, {int(memory) - rest} KiB more than at rest, {boxes[-1:]}")
         right = boxes[-1].partition("|")[2 if "Line" in answer else 0] if boxes else count
         if answer not in right or float(milliseconds) > (5 if "500 r" in name else 1000) or int(memory) - rest > 65536:
-            found.append(f"{name}: {boxes}, {told}, expected {answer}")
+            found.append(f"{name}: {boxes}, {told_last}, expected {answer}")
     return found + cut_short(program, shipped)
 
 
 def cut_short(program, shipped):
     """A collection that ends anywhere is refused at its last line, unless all of that line is there."""
     text, found = shipped.read_bytes(), []
-    told = subprocess.run([program, shipped.parent, "prefixes", shipped], stdout=subprocess.PIPE, check=True).stdout
-    answers = told.decode().splitlines()
+    answers = subprocess.run([program, shipped.parent, "prefixes", shipped], stdout=subprocess.PIPE, text=True,
+                             check=True).stdout.splitlines()
     for length, answer in enumerate(answers):
         lines = text[:length].split(b"\n")
         last = lines[-1].removesuffix(b"\r")
@@ -319,11 +335,9 @@ def cut_short(program, shipped):
 def main():
     program, shipped, trial, *disk = sys.argv[1:]
     with tempfile.TemporaryDirectory(prefix="quillets-faults-") as folder:
-        scratch = pathlib.Path(disk[0] if disk else folder)
         if trial == "full_disk" and not disk:
-            return on_small_disk(scratch)
-        trials = {"injected": run_injected, "full_disk": run_full_disk, "crowd": run_crowd, "awkward": run_awkward}
-        found = trials[trial](program, pathlib.Path(shipped), scratch)
+            return on_small_disk(folder)
+        found = globals()["run_" + trial](program, pathlib.Path(shipped), pathlib.Path(disk[0] if disk else folder))
     print(*found[:40], f"{len(found)} faults", sep="\n")
     return 1 if found else 0
 

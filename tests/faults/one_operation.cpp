@@ -9,6 +9,7 @@
 #include "core/panel_window.h"
 #include "files/append_quillet.h"
 #include "files/collection_files.h"
+#include "files/collection_format.h"
 #include "files/collection_reader.h"
 #include "platform/files.h"
 #include "platform_scripted/scripted_desktop.h"
