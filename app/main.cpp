@@ -4,8 +4,10 @@
 #include "program_folder.h"
 #include "shell/design_windows.h"
 
-int main(int argc, char** argv) {
+int main(int, char** argv) {
     const std::string folder = ProgramFolder();
     DesignWindows();
-    return RunDesktop(argc, argv, FormMain, folder);
+    // The game takes no command line, and the desktop would take its own options from it.
+    char* nameAlone[] = {argv[0], nullptr};
+    return RunDesktop(1, nameAlone, FormMain, folder);
 }

@@ -1,5 +1,5 @@
-// Finds the program's folder. Every failure leads on to the folder of the executable, where the start-up will
-// say what is missing.
+// Finds the program's folder. After any failure that is the folder of the executable, and the start-up says
+// what is missing there.
 #include "program_folder.h"
 
 #include "platform/files.h"
@@ -12,6 +12,7 @@
 #include <string>
 #include <system_error>
 #include <unistd.h>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -27,7 +28,7 @@ fs::path ExecutableFolder() {
 
 fs::path PlayersFolder() {
     const char* data = std::getenv("XDG_DATA_HOME");
-    // A relative folder means nothing here, and is to be passed over.
+    // By the rules of this variable a relative folder is ignored.
     if (data && fs::path(data).is_absolute()) return fs::path(data) / "quillets";
     const char* home = std::getenv("HOME");
     std::error_code error;
@@ -42,9 +43,12 @@ bool HoldsCollection(const fs::path& folder) {
     return HoldsSomething(folder / "QUILLET.qui");
 }
 
-bool IsData(const fs::path& file) {
-    const fs::path ending = file.extension();
-    return ending == ".qui" || ending == ".cfg" || ending == ".wav" || ending == ".htm" || ending == ".png";
+/// The names of the shipped files, as the build lists them.
+std::vector<std::string> ShippedNames() {
+    std::vector<std::string> names;
+    std::istringstream list(SHIPPED_NAMES);
+    for (std::string name; std::getline(list, name, ',');) names.push_back(name);
+    return names;
 }
 
 /// Tells one version of a shipped file from another (FNV-1a), the same on every machine.
@@ -67,44 +71,47 @@ Record ReadRecord(const fs::path& path) {
     std::string text, name, sum;
     ReadFile(path, LargestFile, text);
     Record record;
-    for (std::istringstream lines(text); lines >> sum >> name;) record[name] = sum;
+    for (std::istringstream lines(text); lines >> sum && std::getline(lines >> std::ws, name);)
+        record[name] = sum;
     return record;
 }
 
 void WriteRecord(const fs::path& path, const Record& record) {
     std::ostringstream text;
-    for (const auto& [name, sum] : record) text << sum << ' ' << name << '\n';
+    for (const auto& [name, sum] : record)
+        if (!sum.empty()) text << sum << ' ' << name << '\n';
     ReplaceFile(path, text.str());
 }
 
+/// Settings that the player has deleted stay away: the start makes new ones, with the defaults.
+bool ComesBack(const fs::path& missing, const std::string& recorded) {
+    return recorded.empty() || missing.filename() != "Quillets.cfg";
+}
+
 /// Lays a file that is missing, or that was shipped anew while the player has left it as it was laid.
+/// `recorded` is empty for a file that was never looked at.
 void LayFile(const fs::path& shipped, const fs::path& target, std::string& recorded) {
     std::string content;
     if (!ReadFile(shipped, LargestFile, content).empty()) return;
     const std::string sum = Sum(content);
     std::error_code error;
-    const bool missing = !fs::exists(target, error) && !error;
-    if (recorded == sum && !missing) return;
-    if (missing || HasSum(target, recorded)) {
+    const bool exists = fs::exists(target, error) || error;
+    if (exists && recorded == sum) return;
+    if (exists ? HasSum(target, recorded) : ComesBack(target, recorded)) {
         fs::create_directories(target.parent_path(), error);
-        if (!ReplaceFile(target, content).empty()) return;
-    } else if (!HasSum(target, sum)) {
-        return;
+        if (ReplaceFile(target, content).empty()) recorded = sum;
+    } else if (HasSum(target, sum)) {
+        recorded = sum;
+    } else if (recorded.empty()) {
+        recorded = "none";
     }
-    recorded = sum;
 }
 
 void LayShippedFiles(const fs::path& from, const fs::path& to) {
-    std::error_code error;
-    fs::create_directories(to, error);
     const fs::path path = to / ".shipped";
     const Record before = ReadRecord(path);
     Record record = before;
-    fs::recursive_directory_iterator entry(from, error);
-    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
-        const fs::path name = entry->path().lexically_relative(from);
-        if (IsData(name)) LayFile(entry->path(), to / name, record.try_emplace(name, "none").first->second);
-    }
+    for (const std::string& name : ShippedNames()) LayFile(from / name, to / name, record[name]);
     if (record != before) WriteRecord(path, record);
 }
 

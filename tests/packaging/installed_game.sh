@@ -11,9 +11,11 @@ mv first prefix
 shared=prefix/share/games/quillets
 
 # Starts a program for a player. The folder is laid before the desktop is asked for, so one that is not there ends
-# the game right behind it.
+# the game right behind it. Taking its desktop from the command line, the game would go on.
 Start() {
-    XDG_DATA_HOME=$PWD/$2 QT_QPA_PLATFORM=none "$1/quillets" || true
+    local code=0
+    XDG_DATA_HOME=$PWD/$2 QT_QPA_PLATFORM=none timeout 20 "$1/quillets" -platform offscreen || code=$?
+    [[ $code != 124 ]]
 } &>log
 
 # Stops unless the shipped files that a player has in another form, or not at all, are the named ones.
@@ -26,26 +28,32 @@ ExpectOwn() {
     [[ $(echo $own) == "$*" ]] || { echo "$player has changed: $own; expected: $*"; exit 1; }
 }
 
+echo private >$shared/stray.wav
 before=$(find prefix -type f -exec sha256sum {} + | sort)
 mkdir -p cleo/quillets
 echo mine >cleo/quillets/QUILLET.qui
 for player in ann bob cleo; do Start prefix/games $player; done
-ExpectOwn ann
-ExpectOwn cleo QUILLET.qui
+ExpectOwn ann stray.wav
+ExpectOwn cleo QUILLET.qui stray.wav
 [[ $(find prefix -type f -exec sha256sum {} + | sort) == "$before" ]]
 
-# Ann plays; two updates come.
+# Ann plays; two updates come. Deleted settings stay away, for the start to make new ones with its defaults.
 echo more >>ann/quillets/QUILLET.qui
-rm ann/quillets/Click.wav ann/quillets/help/panel.png
+rm ann/quillets/{Click.wav,help/panel.png,Quillets.cfg}
+echo "1 a name of old.wav" >>bob/quillets/.shipped
 for update in 1 2; do
-    for name in QUILLET.qui Slide.wav help/panel.png fresh.wav; do echo $update >>$shared/$name; done
+    for name in QUILLET.qui Slide.wav help/panel.png; do echo $update >>$shared/$name; done
     for player in ann cleo; do Start prefix/games $player; done
-    ExpectOwn ann QUILLET.qui
-    ExpectOwn cleo QUILLET.qui
-    ExpectOwn bob QUILLET.qui Slide.wav fresh.wav help/panel.png
+    ExpectOwn ann QUILLET.qui Quillets.cfg stray.wav
+    ExpectOwn cleo QUILLET.qui stray.wav
+    ExpectOwn bob QUILLET.qui Slide.wav help/panel.png stray.wav
 done
 Start prefix/games bob
-ExpectOwn bob
+ExpectOwn bob stray.wav
+
+# The usual player has a home and no variable for data.
+HOME=$PWD/eve/home QT_QPA_PLATFORM=none env -u XDG_DATA_HOME prefix/games/quillets &>log || true
+cmp eve/home/.local/share/quillets/QUILLET.qui $shared/QUILLET.qui
 
 # The program's folder as an archive has it: nothing is laid anywhere else.
 Start portable dora
