@@ -2,8 +2,7 @@
 #include "platform_qt/browser_widget.h"
 
 #include "platform/desktop.h"
-#include "platform_qt/qt_desktop.h"
-#include "platform_qt/qt_text.h"
+#include "platform_qt/qt_values.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -40,7 +39,7 @@ BrowserWidget::~BrowserWidget() {
 }
 
 void BrowserWidget::ShowRecord() {
-    setGeometry(PixelsOf(Record.Left), PixelsOf(Record.Top), PixelsOf(Record.Width), PixelsOf(Record.Height));
+    setGeometry(PlaceOf(Record));
 }
 
 void BrowserWidget::GoTo(const QUrl& address) {

@@ -1,7 +1,7 @@
 // The two file dialogs.
 #include "platform/desktop.h"
-#include "platform_qt/qt_desktop.h"
-#include "platform_qt/qt_text.h"
+#include "platform_qt/event_delivery.h"
+#include "platform_qt/qt_values.h"
 
 #include <QApplication>
 #include <QFileDialog>

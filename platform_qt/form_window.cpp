@@ -3,26 +3,28 @@
 
 #include "platform/desktop.h"
 #include "platform_qt/browser_widget.h"
+#include "platform_qt/command_button_widget.h"
+#include "platform_qt/event_delivery.h"
 #include "platform_qt/key_codes.h"
-#include "platform_qt/qt_desktop.h"
-#include "platform_qt/qt_text.h"
+#include "platform_qt/qt_values.h"
+#include "platform_qt/text_widgets.h"
+#include "platform_qt/tile_button_widget.h"
+#include "platform_qt/window_icon.h"
+#include "platform_qt/window_places.h"
 
-#include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
-#include <QIcon>
 #include <QMenuBar>
-#include <QPainter>
-#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
-#include <algorithm>
 #include <utility>
 
 namespace {
 
 /// A form is told that it is active when another one was before, and not after a box or another program.
 const FormWindow* LastActive = nullptr;
+
+std::vector<std::unique_ptr<FormWindow>> Windows;
 
 Qt::WindowFlags FlagsOf(const Form& form) {
     Qt::WindowFlags flags = form.InTaskBar ? Qt::Window : Qt::Tool;
@@ -32,76 +34,7 @@ Qt::WindowFlags FlagsOf(const Form& form) {
     return flags;
 }
 
-/// What a window manager's frame around a window takes, or somewhat more.
-constexpr QSize FrameRoom(12, 36);
-
-/// How much of a window has room on the screen. Where one direction is cut, the bar to scroll it takes its
-/// room in the other.
-QSize ShownOf(QSize whole, const QScreen& screen, int barExtent) {
-    const QSize room = screen.availableSize() - FrameRoom;
-    QSize wanted = whole;
-    if (whole.height() > room.height()) wanted.rwidth() += barExtent;
-    if (whole.width() > room.width()) wanted.rheight() += barExtent;
-    return wanted.boundedTo(room);
-}
-
-/// The nearest place for the window on a screen; its own place if it shows there, with all of it or any part.
-QPoint OnScreen(QRect window, bool all) {
-    // Any place may stand in a settings file; far enough away is far enough.
-    constexpr int Farthest = 1'000'000;
-    window.moveTo(std::clamp(window.left(), -Farthest, Farthest),
-                  std::clamp(window.top(), -Farthest, Farthest));
-    const QList<QScreen*> screens = QGuiApplication::screens();
-    const auto shows = [&](const QScreen* screen) {
-        const QRect area = screen->availableGeometry();
-        return all ? area.contains(window) : area.intersects(window);
-    };
-    if (screens.isEmpty() || std::any_of(screens.begin(), screens.end(), shows)) return window.topLeft();
-    const auto distance = [&](const QScreen* screen) {
-        return (screen->availableGeometry().center() - window.center()).manhattanLength();
-    };
-    const QScreen* nearest = *std::min_element(screens.begin(), screens.end(),
-                                               [&](auto* a, auto* b) { return distance(a) < distance(b); });
-    const QRect area = nearest->availableGeometry();
-    return {std::clamp(window.left(), area.left(), std::max(area.left(), area.right() - window.width())),
-            std::clamp(window.top(), area.top(), std::max(area.top(), area.bottom() - window.height()))};
-}
-
-QPoint CentreOfScreen(QSize size) {
-    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    return area.topLeft() + QPoint((area.width() - size.width()) / 2, (area.height() - size.height()) / 2);
-}
-
-/// Drawn here, as a QIcon of a file would load every picture format there is.
-QIcon DrawnIcon() {
-    QSvgRenderer drawing(IconFile("quillets"));
-    QIcon icon;
-    for (const int size : {16, 32, 64}) {
-        QPixmap picture(size, size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        drawing.render(&painter);
-        icon.addPixmap(picture);
-    }
-    return icon;
-}
-
-const QIcon& WindowIcon() {
-    static const QIcon icon = DrawnIcon();
-    return icon;
-}
-
 } // namespace
-
-QAccessibleInterface* RoleOfWidget(const QString&, QObject* object) {
-    const auto roleOf = [&](QAccessible::Role role) {
-        return new QAccessibleWidget(static_cast<QWidget*>(object), role);
-    };
-    if (dynamic_cast<FormWindow*>(object)) return roleOf(QAccessible::Window);
-    if (dynamic_cast<PictureWidget*>(object)) return roleOf(QAccessible::Graphic);
-    if (dynamic_cast<FrameWidget*>(object)) return roleOf(QAccessible::Grouping);
-    return nullptr;
-}
 
 FormWindow::FormWindow(Form& record)
     : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new ClientWidget(record, this)) {
@@ -288,4 +221,19 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 /// Wherever the wheel turns in the window, it turns the scroll bar.
 void FormWindow::wheelEvent(QWheelEvent* event) {
     if (Bar && Bar->isEnabled()) QCoreApplication::sendEvent(Bar, event);
+}
+
+FormWindow* FindWindow(const Form& form) {
+    for (const auto& window : Windows)
+        if (&window->Shown() == &form) return window.get();
+    return nullptr;
+}
+
+FormWindow& WindowOf(Form& form) {
+    if (FormWindow* window = FindWindow(form)) return *window;
+    return *Windows.emplace_back(std::make_unique<FormWindow>(form));
+}
+
+const std::vector<std::unique_ptr<FormWindow>>& AllWindows() {
+    return Windows;
 }

@@ -1,14 +1,12 @@
 // A top-level window that shows a form: its controls, its menus, and its own surface where that is shown.
 #pragma once
 
-#include "platform_qt/control_widgets.h"
+#include "platform_qt/scroll_bar_widget.h"
+#include "platform_qt/surface_widgets.h"
 
-#include <QAccessible>
 #include <functional>
+#include <memory>
 #include <vector>
-
-/// Tells assistive programs what the widgets are for which Qt has no kind: a factory for QAccessible.
-QAccessibleInterface* RoleOfWidget(const QString& className, QObject* object);
 
 /// The height of a menu bar, in logical pixels; its fonts, which take long to load, are not asked for it.
 constexpr int MenuBarHeight = 19;
@@ -22,6 +20,8 @@ class FormWindow : public QWidget {
 
     /// Shows the window at the record's place; one that lies off every screen is moved onto the nearest.
     void ShowAtPlace();
+
+    const Form& Shown() const { return Record; }
 
     /// What a print of the form shows.
     QWidget* ClientArea() { return Client; }
@@ -64,3 +64,12 @@ class FormWindow : public QWidget {
     std::vector<PictureWidget*> Pictures;
     std::vector<std::function<void()>> OtherControls;
 };
+
+/// The form's window, made at the first call.
+FormWindow& WindowOf(Form& form);
+
+/// The form's window; none before the first call of WindowOf.
+FormWindow* FindWindow(const Form& form);
+
+/// All windows made so far.
+const std::vector<std::unique_ptr<FormWindow>>& AllWindows();

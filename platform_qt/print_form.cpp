@@ -2,8 +2,9 @@
 // file.
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "platform_qt/event_delivery.h"
 #include "platform_qt/qt_desktop.h"
-#include "platform_qt/qt_text.h"
+#include "platform_qt/qt_values.h"
 
 #include <QApplication>
 #include <QBuffer>

@@ -1,7 +1,8 @@
 // The panel's icon button on screen: raised, sunken while pressed, sunken and framed while latched.
-#include "platform_qt/control_widgets.h"
-#include "platform_qt/qt_desktop.h"
-#include "platform_qt/qt_text.h"
+#include "platform_qt/tile_button_widget.h"
+
+#include "platform_qt/event_delivery.h"
+#include "platform_qt/qt_values.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -54,7 +55,7 @@ TileButtonWidget::TileButtonWidget(TileButton& record, QWidget* parent)
 }
 
 void TileButtonWidget::ShowRecord() {
-    setGeometry(PixelsOf(Record.Left), PixelsOf(Record.Top), PixelsOf(Record.Width), PixelsOf(Record.Height));
+    setGeometry(PlaceOf(Record));
     setVisible(Record.Visible);
     setChecked(Record.Latched);
 }

@@ -1,10 +1,11 @@
-// From the game's texts, colours and fonts to those of Qt.
+// From the game's texts, colours, fonts and places to those of Qt.
 #pragma once
 
 #include "platform/forms.h"
 
 #include <QColor>
 #include <QFont>
+#include <QRect>
 #include <QString>
 
 /// The text with each two-character line break as one.
@@ -20,3 +21,6 @@ QString IconFile(const std::string& name);
 
 /// Twips as pixels of the window's own scale.
 int PixelsOf(float twips);
+
+/// Where a control lies in its container, in pixels.
+QRect PlaceOf(const Control& control);

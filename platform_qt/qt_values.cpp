@@ -1,5 +1,5 @@
 // Conversions to Qt's own kinds of values.
-#include "platform_qt/qt_text.h"
+#include "platform_qt/qt_values.h"
 
 QString QtText(const std::string& text) {
     QString result = QString::fromStdString(text);
@@ -27,4 +27,8 @@ QString IconFile(const std::string& name) {
 
 int PixelsOf(float twips) {
     return NearestInt32(twips / TwipsPerPixelX());
+}
+
+QRect PlaceOf(const Control& control) {
+    return {PixelsOf(control.Left), PixelsOf(control.Top), PixelsOf(control.Width), PixelsOf(control.Height)};
 }
