@@ -80,6 +80,8 @@ struct Picture : Control {
 struct TileButton : Control {
     std::int16_t Index = 0;
     std::string ToolTipText;
+    /// What the button does, for a screen reader, which says the command before it.
+    std::string Description;
     /// The icon: a file name without folder and extension.
     std::string Picture;
     std::string Caption;

@@ -11,7 +11,7 @@ CommandButtonWidget::CommandButtonWidget(CommandButton& record, QWidget* parent)
     setObjectName(QString::fromStdString(record.Name));
     setFont(QtFont(record.Font));
     connect(this, &QPushButton::clicked, this, [this] {
-        if (Record.Click) DeliverCommand(Record.Click);
+        if (Record.Click) DeliverCommand(*this, Record.Click);
     });
     ShowRecord();
 }

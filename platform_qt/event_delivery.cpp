@@ -3,15 +3,14 @@
 
 #include "platform_qt/form_window.h"
 
-#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
-#include <QThread>
 #include <QTimer>
-#include <algorithm>
+#include <utility>
 
 namespace {
 
 QElapsedTimer SinceLastPicture;
+QWidget* Asking = nullptr;
 
 /// Runs while moves have changed what no picture shows yet, and then shows it.
 QTimer& NextPicture() {
@@ -25,17 +24,15 @@ void ShowChanges(ShownRows rows) {
     for (const auto& window : AllWindows()) window->ShowRecord(rows);
 }
 
-/// A fast mouse moves a thousand times a second, and to be woken costs more than to move a piece. So while
-/// moves wait for their picture the thread rests, and is not woken for each.
-void RestBetweenPictures() {
-    constexpr int LongestRest = 2; // milliseconds
-    if (NextPicture().isActive())
-        QThread::msleep(
-            static_cast<unsigned long>(std::clamp(NextPicture().remainingTime(), 0, LongestRest)));
-}
-
 void LoseMouse() {
     for (const auto& window : AllWindows()) window->LoseMouse();
+}
+
+/// While a box is open, events of other windows are handled inside this call.
+void Handle(const QWidget& source, const std::function<void()>& handler) {
+    QWidget* const before = std::exchange(Asking, source.window());
+    handler();
+    Asking = before;
 }
 
 } // namespace
@@ -45,18 +42,16 @@ void StartDelivery() {
     NextPicture().setTimerType(Qt::PreciseTimer);
     NextPicture().callOnTimeout([] { ShowChanges(ShownRows::Changed); });
     SinceLastPicture.start();
-    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
-                     RestBetweenPictures);
 }
 
-void Deliver(const std::function<void()>& handler) {
-    handler();
+void Deliver(const QWidget& source, const std::function<void()>& handler) {
+    Handle(source, handler);
     ShowChanges(ShownRows::Changed);
 }
 
-void DeliverMove(const std::function<void()>& handler) {
+void DeliverMove(const QWidget& source, const std::function<void()>& handler) {
     constexpr std::int64_t Pace = 6; // milliseconds
-    handler();
+    Handle(source, handler);
     const std::int64_t waited = SinceLastPicture.elapsed();
     if (waited >= Pace)
         ShowChanges(ShownRows::Changed);
@@ -64,9 +59,13 @@ void DeliverMove(const std::function<void()>& handler) {
         NextPicture().start(static_cast<int>(Pace - waited));
 }
 
-void DeliverCommand(const std::function<void()>& handler) {
+void DeliverCommand(const QWidget& source, const std::function<void()>& handler) {
     LoseMouse();
-    Deliver(handler);
+    Deliver(source, handler);
+}
+
+QWidget* AskingWindow() {
+    return Asking;
 }
 
 void PrepareForModal() {

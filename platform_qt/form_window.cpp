@@ -7,9 +7,11 @@
 #include "platform_qt/event_delivery.h"
 #include "platform_qt/key_codes.h"
 #include "platform_qt/qt_values.h"
+#include "platform_qt/task_bar.h"
 #include "platform_qt/text_widgets.h"
 #include "platform_qt/tile_button_widget.h"
 #include "platform_qt/window_icon.h"
+#include "platform_qt/window_keys.h"
 #include "platform_qt/window_places.h"
 
 #include <QApplication>
@@ -17,6 +19,7 @@
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QStyle>
+#include <QWindow>
 #include <utility>
 
 namespace {
@@ -27,8 +30,7 @@ const FormWindow* LastActive = nullptr;
 std::vector<std::unique_ptr<FormWindow>> Windows;
 
 Qt::WindowFlags FlagsOf(const Form& form) {
-    Qt::WindowFlags flags = form.InTaskBar ? Qt::Window : Qt::Tool;
-    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    Qt::WindowFlags flags = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     if (form.CloseBox) flags |= Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint;
     if (form.Border == BorderStyle::Sizable) flags |= Qt::WindowMinMaxButtonsHint;
     return flags;
@@ -37,7 +39,7 @@ Qt::WindowFlags FlagsOf(const Form& form) {
 } // namespace
 
 FormWindow::FormWindow(Form& record)
-    : QWidget(nullptr, FlagsOf(record)), Record(record), Client(new ClientWidget(record, this)) {
+    : QWidget(nullptr), Record(record), Client(new ClientWidget(record, this)) {
     setObjectName(QString::fromStdString(record.Name));
     if (record.HasIcon) setWindowIcon(WindowIcon());
     // The panel tells its commands by their hover texts alone, and the board has the keyboard meanwhile.
@@ -108,13 +110,20 @@ void FormWindow::AddMenus() {
             if (item.Caption == "-")
                 shown->addSeparator();
             else
-                connect(shown->addAction(QtText(item.Caption)), &QAction::triggered, this, [&item] {
-                    if (item.Click) DeliverCommand(item.Click);
+                connect(shown->addAction(QtText(item.Caption)), &QAction::triggered, this, [this, &item] {
+                    if (item.Click) DeliverCommand(*this, item.Click);
                 });
         }
     }
     PlaceClient();
     MenuBar->show();
+}
+
+bool FormWindow::OpenMenu() {
+    if (!MenuBar) return false;
+    activateWindow();
+    MenuBar->setActiveAction(MenuBar->actions().first());
+    return true;
 }
 
 /// The client area below the menu; a window of fixed size follows its record, a sizable one leads it. Where
@@ -125,7 +134,7 @@ void FormWindow::PlaceClient() {
     QSize shown = whole;
     if (Record.Border == BorderStyle::FixedSingle) {
         shown = ShownOf(whole, *screen(), style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-        setFixedSize(shown);
+        FixSize(shown);
     } else if (!isVisible()) {
         resize(whole);
     }
@@ -134,6 +143,19 @@ void FormWindow::PlaceClient() {
     Client->resize(client);
     QWidget* below = Scroller ? static_cast<QWidget*>(Scroller) : Client;
     below->setGeometry(0, MenuHeight(), shown.width(), shown.height() - MenuHeight());
+}
+
+void FormWindow::FixSize(QSize size) {
+    if (size == minimumSize() && size == maximumSize()) return;
+    setFixedSize(size);
+}
+
+/// On a screen of another scale the same size is another number of its pixels, and the window system has to
+/// be told anew.
+void FormWindow::FollowScreen() {
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    PlaceClient();
 }
 
 void FormWindow::AddScroller() {
@@ -153,22 +175,55 @@ void FormWindow::ShowRecord(ShownRows rows) {
     for (const auto& show : OtherControls) show();
 }
 
-void FormWindow::ShowAtPlace() {
+void FormWindow::MoveToPlace() {
+    if (isVisible()) return;
     const QPoint place(PixelsOf(Record.Left), PixelsOf(Record.Top));
+    const QSize whole = size() + FrameRoom;
     // What has to be scrolled is to be seen as far as the screen goes.
-    const QRect own = Scroller ? QRect(place, size() + FrameRoom) : QRect(place, size());
-    if (!isVisible()) move(Record.Centred ? CentreOfScreen(own.size()) : OnScreen(own, Scroller));
-    const bool quiet = Record.OpensQuietly && windowModality() == Qt::NonModal;
-    setAttribute(Qt::WA_ShowWithoutActivating, quiet);
+    const Needed needed = Scroller ? Needed::Whole : Needed::Caption;
+    const bool centred = Record.Centred && !Placed;
+    move(centred ? CentreOfScreen(whole) : OnScreen({place, whole}, needed));
+    NotePlace();
+    Placed = true;
+    if (!Record.InTaskBar) LeaveTaskBar(*this);
+}
+
+void FormWindow::ShowAndActivate() {
+    MoveToPlace();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
     LastActive = this;
     show();
-    if (quiet) {
-        // What opens it quietly leaves the keyboard to another window, which comes to the front by that.
-        QMetaObject::invokeMethod(this, &QWidget::raise, Qt::QueuedConnection);
-    } else {
-        raise();
-        activateWindow();
-    }
+    raise();
+    activateWindow();
+}
+
+void FormWindow::ShowQuietly() {
+    if (!Record.Visible) return;
+    // Some window managers put a window in front only when it appears or gets the keyboard.
+    hide();
+    MoveToPlace();
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
+}
+
+void FormWindow::SetOwner(QWidget* owner) {
+    if (isVisible()) return;
+    // The window system gives owners to dialogs alone.
+    setWindowFlags(FlagsOf(Record) | (owner ? Qt::Dialog : Qt::Window));
+    create();
+    windowHandle()->setTransientParent(owner ? owner->windowHandle() : nullptr);
+    connect(windowHandle(), &QWindow::screenChanged, this, &FormWindow::FollowScreen, Qt::QueuedConnection);
+}
+
+QList<QRect> FormWindow::Figures() const {
+    const auto onScreen = [](const QWidget* widget) {
+        return QRect(widget->mapToGlobal(QPoint()), widget->size());
+    };
+    QList<QRect> figures;
+    if (Record.ShowsImage) figures << onScreen(Client);
+    for (const PictureWidget* picture : Pictures)
+        if (picture->isVisible()) figures << onScreen(picture);
+    return figures;
 }
 
 void FormWindow::LoseMouse() {
@@ -177,7 +232,7 @@ void FormWindow::LoseMouse() {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    DeliverCommand([this] {
+    DeliverCommand(*this, [this] {
         if (Record.CloseRequest)
             Record.CloseRequest();
         else
@@ -186,7 +241,12 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::moveEvent(QMoveEvent*) {
-    if (!isVisible()) return;
+    if (isVisible()) NotePlace();
+}
+
+void FormWindow::NotePlace() {
+    // Under Wayland no window knows its place, and the record keeps the one that was stored.
+    if (QGuiApplication::platformName().startsWith("wayland")) return;
     Record.Left = static_cast<float>(pos().x() * TwipsPerPixelX());
     Record.Top = static_cast<float>(pos().y() * TwipsPerPixelY());
 }
@@ -197,7 +257,7 @@ void FormWindow::changeEvent(QEvent* event) {
     if (!isActiveWindow())
         LoseMouse();
     else if (std::exchange(LastActive, this) != this && Record.Activate)
-        Deliver(Record.Activate);
+        Deliver(*this, Record.Activate);
 }
 
 void FormWindow::LeadRecord() {
@@ -208,14 +268,14 @@ void FormWindow::LeadRecord() {
 void FormWindow::resizeEvent(QResizeEvent*) {
     if (Record.Border != BorderStyle::Sizable || !isVisible()) return;
     LeadRecord();
-    Deliver([this] {
-        if (Record.Resized) Record.Resized();
-    });
+    if (Record.Resized) Deliver(*this, Record.Resized);
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
     std::int16_t keyCode = VirtualKeyCode(*event);
-    if (Record.KeyDown) Deliver([&] { Record.KeyDown(keyCode, ShiftState(event->modifiers())); });
+    if (Record.KeyDown) Deliver(*this, [&] { Record.KeyDown(keyCode, ShiftState(event->modifiers())); });
+    if (IsWindowKey(event->key())) return PressWindowKey(*this, event->key());
+    if (!Record.KeyDown && event->key() == Qt::Key_Escape) ReturnKeyboard();
 }
 
 /// Wherever the wheel turns in the window, it turns the scroll bar.

@@ -18,10 +18,26 @@ class FormWindow : public QWidget {
     /// Brings the window in line with the record. The place on the screen is set when the window is shown.
     void ShowRecord(ShownRows rows);
 
-    /// Shows the window at the record's place; one that lies off every screen is moved onto the nearest.
-    void ShowAtPlace();
+    /// Shows the window and gives it the keyboard. It stands where the player left it; at first at the
+    /// record's place or in the centre of the screen.
+    void ShowAndActivate();
 
-    const Form& Shown() const { return Record; }
+    /// Shows the window in front of its owner, if it has one, and leaves the keyboard where it is.
+    void ShowQuietly();
+
+    /// The window stays in front of its owner. Without an owner it is as free as any other.
+    void SetOwner(QWidget* owner);
+
+    /// The next time the window opens as new.
+    void ForgetPlace() { Placed = false; }
+
+    /// What a box must leave in view, on the screen.
+    QList<QRect> Figures() const;
+
+    /// Opens the window's menu; false where there is none.
+    bool OpenMenu();
+
+    Form& Shown() const { return Record; }
 
     /// What a print of the form shows.
     QWidget* ClientArea() { return Client; }
@@ -51,12 +67,17 @@ class FormWindow : public QWidget {
     void ShowLater(Widget* widget);
     void AddMenus();
     void PlaceClient();
+    void FixSize(QSize size);
+    void FollowScreen();
+    void MoveToPlace();
+    void NotePlace();
     void AddScroller();
     void LeadRecord();
     int MenuHeight() const { return Record.Menus.empty() ? 0 : MenuBarHeight; }
 
     Form& Record;
     ClientWidget* Client;
+    bool Placed = false;
     ScrollBarWidget* Bar = nullptr;
     class QMenuBar* MenuBar = nullptr;
     /// Holds the client area where the screen is smaller than the window.

@@ -1,7 +1,10 @@
 // Boxes with a message or a question.
 #include "platform/desktop.h"
 #include "platform_qt/event_delivery.h"
+#include "platform_qt/form_window.h"
 #include "platform_qt/qt_values.h"
+#include "platform_qt/window_icon.h"
+#include "platform_qt/window_places.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -43,12 +46,35 @@ BoxAnswer AnswerOf(int button) {
     }
 }
 
+/// What a box must leave in view: the pictures of all windows, and the windows that are pictures themselves.
+QList<QRect> Figures() {
+    QList<QRect> figures;
+    for (const auto& window : AllWindows())
+        if (window->isVisible()) figures += window->Figures();
+    return figures;
+}
+
+/// A box beside the figures that it asks about. Its size is known when it is shown, and not before.
+class BesideFigures : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
+
+  protected:
+    void showEvent(QShowEvent* event) override {
+        QMessageBox::showEvent(event);
+        if (const QWidget* owner = parentWidget())
+            move(PlaceBeside(size() + FrameRoom, owner->frameGeometry(), Figures(),
+                             owner->screen()->availableGeometry()));
+    }
+};
+
 } // namespace
 
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
                  BoxDefault preset) {
     PrepareForModal();
-    QMessageBox box(QApplication::activeWindow());
+    BesideFigures box(AskingWindow());
+    box.setWindowIcon(WindowIcon());
     box.setWindowTitle(title.empty() ? QApplication::applicationName() : QtText(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(QtText(text));

@@ -19,17 +19,19 @@ std::int16_t ButtonCode(Qt::MouseButton button) {
     }
 }
 
-QPoint PixelOf(const QMouseEvent& event) {
-    return {static_cast<int>(std::floor(event.position().x())),
-            static_cast<int>(std::floor(event.position().y()))};
+QPoint PixelOf(const QWidget& widget, const QMouseEvent& event) {
+    // The event's place in the widget is rounded to our pixels; its place in the window is not. The pointer
+    // stands on the whole pixel of the display whose corner that is, so its middle counts.
+    const QPointF middle = event.scenePosition() + QPointF(0.5, 0.5) / widget.devicePixelRatio();
+    const QPointF place = middle - widget.mapTo(widget.window(), QPoint());
+    return {static_cast<int>(std::floor(place.x())), static_cast<int>(std::floor(place.y()))};
 }
 
-void DeliverMouse(MouseHandler handler, const QMouseEvent& event, int unitsPerPixel) {
-    // A press or release of a button that the game doesn't know is none.
-    if (!handler || (event.type() != QEvent::MouseMove && ButtonCode(event.button()) == 0)) return;
-    const QPoint pixel = PixelOf(event) * unitsPerPixel;
-    const auto deliver = event.type() == QEvent::MouseMove ? DeliverMove : Deliver;
-    deliver([&] {
+void DeliverMouse(const QWidget& widget, MouseHandler handler, const QMouseEvent& event, int unitsPerPixel) {
+    const bool isMove = event.type() == QEvent::MouseMove;
+    if (!handler || (!isMove && ButtonCode(event.button()) == 0)) return;
+    const QPoint pixel = PixelOf(widget, event) * unitsPerPixel;
+    (isMove ? DeliverMove : Deliver)(widget, [&] {
         handler(ButtonCode(event.button()), ShiftState(event.modifiers()), static_cast<float>(pixel.x()),
                 static_cast<float>(pixel.y()));
     });

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QTime>
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -24,12 +25,35 @@ void Load(Form& form) {
     if (form.Load) form.Load();
 }
 
+void ShowModal(Form& form, FormWindow& window) {
+    PrepareForModal();
+    window.SetOwner(AskingWindow());
+    window.setWindowModality(Qt::ApplicationModal);
+    window.ShowAndActivate();
+    while (form.Visible) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void ShowModeless(Form& form, FormWindow& window) {
+    Form& startForm = *Loaded.front();
+    window.SetOwner(form.OpensQuietly ? &WindowOf(startForm) : nullptr);
+    window.setWindowModality(Qt::NonModal);
+    if (form.OpensQuietly)
+        // After the handler, which gives the keyboard to another window and so puts that one in front.
+        QMetaObject::invokeMethod(&window, &FormWindow::ShowQuietly, Qt::QueuedConnection);
+    else if (&form != &startForm && !startForm.Visible)
+        window.ShowQuietly(); // the start-up form comes next, and the keyboard is its own
+    else
+        window.ShowAndActivate();
+}
+
 } // namespace
 
 int RunDesktop(int argc, char** argv, Form& startForm, const std::string& folder) {
     // Window places can't be set under Wayland, so the X protocol is preferred where there is a choice.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    // The game takes no command line, so that Qt gets nothing but the name of the program.
+    argc = std::min(argc, 1);
     QApplication application(argc, argv);
     // A drag's grip is taken at its first move, and not where later ones have got to.
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
@@ -51,11 +75,10 @@ void ShowForm(Form& form, Modality modality) {
     if (form.Resized) form.Resized();
     if (form.Activate) form.Activate();
     window.ShowRecord(ShownRows::Changed);
-    window.setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
-    if (modality == Modality::Modal) PrepareForModal();
-    window.ShowAtPlace();
     if (modality == Modality::Modal)
-        while (form.Visible) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        ShowModal(form, window);
+    else
+        ShowModeless(form, window);
 }
 
 QWidget* ClientAreaOf(Form& form) {
@@ -73,6 +96,7 @@ void UnloadForm(Form& form) {
     if (form.Unload) form.Unload(cancel);
     if (cancel != 0) return;
     HideForm(form);
+    WindowOf(form).ForgetPlace();
     form.Loaded = false;
     std::erase(Loaded, &form);
 }

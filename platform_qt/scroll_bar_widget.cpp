@@ -12,7 +12,7 @@ ScrollBarWidget::ScrollBarWidget(ScrollBar& record, QWidget* parent)
     connect(this, &QScrollBar::valueChanged, this, [this](int value) {
         if (value == Record.Value) return;
         Record.Value = NearestInt16(value);
-        if (Record.Change) Deliver(Record.Change);
+        if (Record.Change) Deliver(*this, Record.Change);
     });
 }
 

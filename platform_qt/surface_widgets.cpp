@@ -6,6 +6,7 @@
 #include "platform_qt/mouse_events.h"
 #include "platform_qt/qt_values.h"
 #include "platform_qt/show_surface.h"
+#include "platform_qt/window_keys.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -36,27 +37,15 @@ PictureWidget::PictureWidget(Picture& record, QWidget* parent) : QWidget(parent)
 void PictureWidget::ShowRecord(ShownRows rows) {
     setGeometry(PlaceOf(Record));
     setVisible(Record.Visible);
-    if (Record.InWords) setAccessibleDescription(QtText(Record.InWords()));
-    UpdateRows(*this, WithoutSame(TakeRows(Record.Image, rows)));
-}
-
-/// Leaves out the rows at either end that look as they did: most of what a drag draws anew stays the same.
-RowRange PictureWidget::WithoutSame(RowRange rows) const {
-    if (!Pressed) return rows;
-    const auto same = [&](int y) {
-        return std::equal(Shown.Row(y), Shown.Row(y) + Shown.Width(), Record.Image.Row(y));
-    };
-    while (!rows.Empty() && same(rows.First)) ++rows.First;
-    while (!rows.Empty() && same(rows.Last - 1)) --rows.Last;
-    return rows;
+    // Each setting is an event to a screen reader, which would read the same words again.
+    const QString words = Record.InWords ? QtText(Record.InWords()) : QString();
+    if (words != accessibleDescription()) setAccessibleDescription(words);
+    UpdateRows(*this, TakeRows(Record.Image, rows));
 }
 
 void PictureWidget::paintEvent(QPaintEvent* event) {
-    const QRect part = event->rect();
-    if (Pressed)
-        BitBlt(Shown, part.x(), part.y(), part.width(), part.height(), Record.Image, part.x(), part.y());
     QPainter painter(this);
-    ShowSurface(painter, Record.Image, part);
+    ShowSurface(painter, Record.Image, event->rect());
     if (Record.Icon.empty()) return;
     const int size = std::min(width(), height());
     QSvgRenderer icon(IconFile(Record.Icon));
@@ -66,13 +55,9 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
     if (ButtonCode(event->button()) == 0) return;
-    if (!Pressed) {
-        ShowRecord(ShownRows::Changed);
-        Shown = Record.Image;
-    }
     Pressed = true;
-    LastPixel = PixelOf(*event);
-    if (Record.Enabled) DeliverMouse(Record.MouseDown, *event, 1);
+    LastPixel = PixelOf(*this, *event);
+    if (Record.Enabled) DeliverMouse(*this, Record.MouseDown, *event, 1);
 }
 
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -80,35 +65,32 @@ void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
-    // No button is down although we saw no release: it went to somebody else.
+    // No button is down: the release went to another window.
     if (Pressed && event->buttons() == Qt::NoButton) LoseMouse();
     // On a scaled display the pointer can move within one of our pixels: no move to the game.
-    if (PixelOf(*event) == LastPixel) return;
-    LastPixel = PixelOf(*event);
-    if (Record.Enabled) DeliverMouse(Record.MouseMove, *event, 1);
+    if (PixelOf(*this, *event) == LastPixel) return;
+    LastPixel = PixelOf(*this, *event);
+    if (Record.Enabled) DeliverMouse(*this, Record.MouseMove, *event, 1);
 }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (ButtonCode(event->button()) == 0) return;
-    if (event->buttons() == Qt::NoButton) EndPress();
-    if (Record.Enabled) DeliverMouse(Record.MouseUp, *event, 1);
-}
-
-void PictureWidget::EndPress() {
-    Pressed = false;
-    Shown = Surface();
+    if (event->buttons() == Qt::NoButton) Pressed = false;
+    if (Record.Enabled) DeliverMouse(*this, Record.MouseUp, *event, 1);
 }
 
 void PictureWidget::LoseMouse() {
     if (!Pressed) return;
-    EndPress();
-    if (Record.MouseLost) Deliver(Record.MouseLost);
+    Pressed = false;
+    if (Record.MouseLost) Deliver(*this, Record.MouseLost);
 }
 
 void PictureWidget::keyPressEvent(QKeyEvent* event) {
+    // The game hears of these keys, but they are the window's.
+    event->setAccepted(!IsWindowKey(event->key()));
     if (!Record.KeyDown || !Record.Enabled) return;
     std::int16_t keyCode = VirtualKeyCode(*event);
-    Deliver([&] { Record.KeyDown(keyCode, ShiftState(event->modifiers())); });
+    Deliver(*this, [&] { Record.KeyDown(keyCode, ShiftState(event->modifiers())); });
 }
 
 ClientWidget::ClientWidget(Form& record, QWidget* parent) : QWidget(parent), Record(record) {
@@ -128,9 +110,9 @@ void ClientWidget::paintEvent(QPaintEvent* event) {
 }
 
 void ClientWidget::mouseMoveEvent(QMouseEvent* event) {
-    DeliverMouse(Record.MouseMove, *event, TwipsPerPixelX());
+    DeliverMouse(*this, Record.MouseMove, *event, TwipsPerPixelX());
 }
 
 void ClientWidget::mouseReleaseEvent(QMouseEvent* event) {
-    DeliverMouse(Record.MouseUp, *event, TwipsPerPixelX());
+    DeliverMouse(*this, Record.MouseUp, *event, TwipsPerPixelX());
 }

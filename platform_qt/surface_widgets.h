@@ -29,13 +29,8 @@ class PictureWidget : public QWidget {
     bool focusNextPrevChild(bool) override { return false; }
 
   private:
-    RowRange WithoutSame(RowRange rows) const;
-    void EndPress();
-
     Picture& Record;
     bool Pressed = false;
-    /// What the screen shows, during a press.
-    Surface Shown;
     /// The pixel of the last press or move that the game heard of.
     QPoint LastPixel;
 };

@@ -27,7 +27,7 @@ void LabelWidget::ShowRecord() {
 }
 
 void LabelWidget::mouseReleaseEvent(QMouseEvent* event) {
-    DeliverMouse(Record.MouseUp, *event, 1);
+    DeliverMouse(*this, Record.MouseUp, *event, 1);
 }
 
 TextBoxWidget::TextBoxWidget(TextBox& record, QWidget* parent) : QLabel(parent), Record(record) {
@@ -46,7 +46,7 @@ void TextBoxWidget::ShowRecord() {
 }
 
 void TextBoxWidget::mousePressEvent(QMouseEvent* event) {
-    DeliverMouse(Record.MouseDown, *event, 1);
+    DeliverMouse(*this, Record.MouseDown, *event, 1);
 }
 
 FrameWidget::FrameWidget(Frame& record, QWidget* parent) : QWidget(parent), Record(record) {

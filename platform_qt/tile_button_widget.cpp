@@ -4,6 +4,7 @@
 #include "platform_qt/event_delivery.h"
 #include "platform_qt/qt_values.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -37,6 +38,15 @@ void DrawLatchFrame(QPainter& painter, const QRect& box) {
     painter.drawRect(box.adjusted(1, 1, -1, -1));
 }
 
+/// Dotted in black and white, so that it is seen on every face and icon.
+void DrawFocusMark(QPainter& painter, const QRect& box) {
+    const QRect mark = box.adjusted(3, 3, -4, -4);
+    painter.setPen(Qt::white);
+    painter.drawRect(mark);
+    painter.setPen(QPen(Qt::black, 1, Qt::DotLine));
+    painter.drawRect(mark);
+}
+
 } // namespace
 
 TileButtonWidget::TileButtonWidget(TileButton& record, QWidget* parent)
@@ -46,10 +56,11 @@ TileButtonWidget::TileButtonWidget(TileButton& record, QWidget* parent)
     setToolTip(command);
     setAccessibleName(command);
     setCheckable(record.Latches);
-    // The keyboard belongs to the board.
-    setFocusPolicy(Qt::NoFocus);
+    setAccessibleDescription(QString::fromStdString(record.Description));
+    // A click leaves the keyboard where it is.
+    setFocusPolicy(Qt::TabFocus);
     connect(this, &QAbstractButton::clicked, this, [this] {
-        if (Record.Pressed) DeliverCommand([this] { Record.Pressed(Record.Index); });
+        if (Record.Pressed) DeliverCommand(*this, [this] { Record.Pressed(Record.Index); });
     });
     ShowRecord();
 }
@@ -71,6 +82,14 @@ void TileButtonWidget::paintEvent(QPaintEvent*) {
     Icon.render(&painter, QRectF(corner, QSizeF(IconSize, IconSize)));
     DrawBorders(painter, Record, rect(), sunken);
     if (isChecked()) DrawLatchFrame(painter, rect());
+    if (hasFocus()) DrawFocusMark(painter, rect());
+}
+
+void TileButtonWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
 }
 
 void TileButtonWidget::enterEvent(QEnterEvent* event) {

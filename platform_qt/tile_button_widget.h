@@ -15,6 +15,8 @@ class TileButtonWidget : public QAbstractButton {
     void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    /// Enter presses the button as the space bar does.
+    void keyPressEvent(QKeyEvent* event) override;
     /// The latch is the game's to set, not a press's.
     void nextCheckState() override {}
 

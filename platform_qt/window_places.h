@@ -1,9 +1,9 @@
 // Where windows stand on the screens.
 #pragma once
 
-#include <QPoint>
+#include <QList>
+#include <QRect>
 #include <QScreen>
-#include <QSize>
 
 /// What a window manager's frame around a window takes, or somewhat more.
 constexpr QSize FrameRoom(12, 36);
@@ -12,7 +12,15 @@ constexpr QSize FrameRoom(12, 36);
 /// room in the other.
 QSize ShownOf(QSize whole, const QScreen& screen, int barExtent);
 
-/// The nearest place for the window on a screen; its own place if it shows there, with all of it or any part.
-QPoint OnScreen(QRect window, bool all);
+/// How much of a window has to be on a screen: its caption, by which it can be moved, or all of it.
+enum class Needed { Caption, Whole };
+
+/// The place of a window with its frame: its own, if what is needed of it is on a screen; else the nearest
+/// place that shows the whole window.
+QPoint OnScreen(QRect window, Needed needed);
 
 QPoint CentreOfScreen(QSize size);
+
+/// The place for a box with its frame: inside the room it covers as little as possible of what is to stay in
+/// view. Among such places it is the nearest to the middle of its owner.
+QPoint PlaceBeside(QSize box, const QRect& owner, const QList<QRect>& inView, const QRect& room);
