@@ -2,12 +2,12 @@
 # Sourced with bash, in the root of the project.
 
 # The names on each kind of system, for the same needs. README.md tells them too; a test holds the two together.
-Debian=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcanberra-dev)
-Fedora=(gcc-c++ cmake ninja-build qt6-qtbase-devel qt6-qtsvg-devel libcanberra-devel)
-Arch=(gcc cmake ninja qt6-base qt6-svg libcanberra)
-OpenSuse=(gcc-c++ cmake ninja qt6-base-devel qt6-svg-devel libcanberra-devel)
+Debian=(g++ make cmake qt6-base-dev qt6-svg-dev libcanberra-dev)
+Fedora=(gcc-c++ make cmake qt6-qtbase-devel qt6-qtsvg-devel libcanberra-devel)
+Arch=(gcc make cmake qt6-base qt6-svg libcanberra)
+OpenSuse=(gcc-c++ make cmake qt6-base-devel qt6-svg-devel libcanberra-devel)
 
-RunPackages=("${Debian[@]}" fonts-liberation)
+RunPackages=("${Debian[@]}" ninja-build fonts-liberation)
 # Lint and format are judged by one version on all systems: two disagree.
 CheckPackages=(clang libclang-rt-dev clang-format-19 clang-tidy-19 libgtest-dev libbenchmark-dev libxtst-dev libcanberra-pulse xvfb openbox
                strace python3 locales desktop-file-utils appstream shared-mime-info)
@@ -63,7 +63,7 @@ StopForRoot() {
     if Has dnf; then line="dnf install ${Fedora[*]}"
     elif Has pacman; then line="pacman -S --needed ${Arch[*]}"
     elif Has zypper; then line="zypper install ${OpenSuse[*]}"
-    else Stop "needed are a C++20 compiler, CMake 3.25, Ninja, and, with their headers, Qt 6.4 or later (base and svg) and libcanberra"
+    else Stop "needed are a C++20 compiler, make, CMake 3.25, and, with their headers, Qt 6.4 or later (base and svg) and libcanberra"
     fi
     Stop "packages are missing; as root: $line"
 }
