@@ -64,8 +64,7 @@ class OpenFile {
 
     /// Whether the name still leads to this file.
     bool IsAt(const std::string& path) const {
-        struct stat named {
-        }, opened{};
+        struct stat named = {}, opened = {};
         return ::stat(path.c_str(), &named) == 0 && ::fstat(Handle_, &opened) == 0
                && named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
     }
@@ -182,7 +181,8 @@ OpenFile MakeFresh(const std::string& fresh) {
 /// Owner and mode pass on to the new file as far as the player may set them. The player can always read and
 /// write what is the player's.
 void PassOn(const struct stat& old, int handle) {
-    if (::fchown(handle, old.st_uid, old.st_gid) != 0) static_cast<void>(::fchown(handle, -1, old.st_gid));
+    const bool given = ::fchown(handle, old.st_uid, old.st_gid) == 0 || ::fchown(handle, -1, old.st_gid) == 0;
+    static_cast<void>(given); // a new file of the player's own is the best we can do then
     ::fchmod(handle, (old.st_mode & 0777) | S_IRUSR | S_IWUSR);
 }
 
