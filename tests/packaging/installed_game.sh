@@ -8,7 +8,7 @@ cd "$scratch"
 cmake --install "$1" --prefix first >log
 cmake --install "$1" --prefix portable --component folder >log
 mv first prefix
-shared=prefix/share/games/quillets
+shared=prefix/share/quillets
 
 # Starts a program for a player. The folder is laid before the desktop is asked for, so one that is not there ends
 # the game right behind it. Taking its desktop from the command line, the game would go on.
@@ -32,7 +32,7 @@ echo private >$shared/stray.wav
 before=$(find prefix -type f -exec sha256sum {} + | sort)
 mkdir -p cleo/quillets
 echo mine >cleo/quillets/QUILLET.qui
-for player in ann bob cleo; do Start prefix/games $player; done
+for player in ann bob cleo; do Start prefix/bin $player; done
 ExpectOwn ann stray.wav
 ExpectOwn cleo QUILLET.qui stray.wav
 [[ $(find prefix -type f -exec sha256sum {} + | sort) == "$before" ]]
@@ -43,16 +43,16 @@ rm ann/quillets/{Click.wav,help/panel.png,Quillets.cfg}
 echo "1 a name of old.wav" >>bob/quillets/.shipped
 for update in 1 2; do
     for name in QUILLET.qui Slide.wav help/panel.png; do echo $update >>$shared/$name; done
-    for player in ann cleo; do Start prefix/games $player; done
+    for player in ann cleo; do Start prefix/bin $player; done
     ExpectOwn ann QUILLET.qui Quillets.cfg stray.wav
     ExpectOwn cleo QUILLET.qui stray.wav
     ExpectOwn bob QUILLET.qui Slide.wav help/panel.png stray.wav
 done
-Start prefix/games bob
+Start prefix/bin bob
 ExpectOwn bob stray.wav
 
 # The usual player has a home and no variable for data.
-HOME=$PWD/eve/home QT_QPA_PLATFORM=none env -u XDG_DATA_HOME prefix/games/quillets &>log || true
+HOME=$PWD/eve/home QT_QPA_PLATFORM=none env -u XDG_DATA_HOME prefix/bin/quillets &>log || true
 cmp eve/home/.local/share/quillets/QUILLET.qui $shared/QUILLET.qui
 
 # The program's folder as an archive has it: nothing is laid anywhere else.
@@ -61,7 +61,11 @@ Start portable dora
 
 # The desktop finds what the entry names.
 entry=prefix/share/applications/quillets.desktop icons=prefix/share/icons/hicolor
-[[ -x prefix/games/$(sed -n 's/^Exec=//p' $entry) ]]
+[[ -x prefix/bin/$(sed -n 's/^Exec=//p' $entry) ]]
 icon=$(sed -n 's/^Icon=//p' $entry)
 cmp $icons/scalable/apps/$icon.svg "$2"
-[[ $(find $icons -name "$icon.png" | wc -l) == 8 ]]
+update-mime-database prefix/share/mime 2>log
+type=$(sed -n 's/^[0-9]*:\(.*\):\*\.qui$/\1/p' prefix/share/mime/globs2)
+for picture in "apps/$icon" "mimetypes/${type/\//-}"; do
+    [[ -s $icons/scalable/$picture.svg && $(find $icons -path "*/$picture.png" | wc -l) == 8 ]]
+done
