@@ -10,6 +10,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <map>
 #include <set>
 
 using namespace Figures;
@@ -47,8 +48,46 @@ TEST(ShippedFile, IsWhatTheSourcesGiveAndSoIsItsList) {
     EXPECT_TRUE(list == ReadAll(DOCS_FOLDER "/collection.md")) << "run: figures list";
     std::size_t single = 0;
     for (std::size_t at = 0; (at = list.find("| 1 |\n", at)) != list.npos; ++at) ++single;
-    EXPECT_GE(2 * single, figures.size());
-    EXPECT_TRUE(300 <= figures.size() && figures.size() <= 400) << figures.size();
+    EXPECT_GE(100 * single, 55 * figures.size());
+    EXPECT_LE(figures.size(), 400u);
+}
+
+TEST(ShippedOrder, CutsNoFigureAndGetsHarder) {
+    auto figures = InPlayingOrder(ShippedSources().figures);
+    ASSERT_EQ(figures.size(), ShippedSources().figures.size());
+    EXPECT_EQ(figures[0].name, FirstFigure);
+    EXPECT_EQ(CutFigures(figures), std::vector<std::string>{});
+    double before = 1000;
+    for (std::size_t part = 0; part < 8; part++) {
+        double ease = 0;
+        const std::size_t begin = part * figures.size() / 8, end = (part + 1) * figures.size() / 8;
+        for (std::size_t i = begin; i < end; i++) ease += EaseOf(figures[i].layout);
+        EXPECT_LT(ease / static_cast<double>(end - begin), before) << "part " << part + 1;
+        before = ease / static_cast<double>(end - begin);
+    }
+    for (std::size_t i = 0; i + 1 < figures.size(); i++) {
+        const bool first = figures[i].category == "pair" && figures[i].name.ends_with("first");
+        EXPECT_TRUE(!first || figures[i + 1].source == figures[i].source + 1) << figures[i].name;
+    }
+    std::reverse(figures.begin(), figures.end()); // the wide ones stand right
+    EXPECT_GT(CutFigures(figures).size(), figures.size() / 8);
+}
+
+TEST(ShippedPictures, AreManyAndOfManyKindsAndTheirSetsAreComplete) {
+    std::map<std::string, int> families;
+    std::map<std::string, std::set<std::string>> names;
+    int pictures = 0;
+    for (const Figure& figure : ShippedSources().figures) {
+        if (KindName(figure) != "picture") continue;
+        pictures++, families[std::string(FamilyName(figure))]++;
+        EXPECT_TRUE(names[figure.category].insert(figure.name).second) << figure.place << ": name used twice";
+    }
+    EXPECT_GE(pictures, 230);
+    EXPECT_LE(3 * families["People"], pictures);
+    EXPECT_EQ(names["digit"].size(), 10u);
+    EXPECT_EQ(names["calendar"].size(), 12u);
+    for (const char* piece : {"King", "Queen", "Rook", "Bishop", "Knight", "Pawn"})
+        EXPECT_TRUE(names["chess"].contains(piece)) << piece;
 }
 
 TEST(Solver, FindsTheEightSquaresAndTheSameInEveryTurnAndMirrorImage) {

@@ -12,7 +12,7 @@
 namespace Figures {
 namespace {
 
-constexpr int CellWidth = 250, CellHeight = 280, Columns = 10;
+constexpr int CellWidth = 250, CellHeight = 280, HeadingHeight = 70, Columns = 13;
 constexpr std::array<std::string_view, PieceCount> Colours = {"#800080", "#FFFF00", "#008000", "#0000FF",
                                                               "#800000", "#00FFFF", "#FF0000"};
 
@@ -55,28 +55,52 @@ std::string Escaped(const std::string& text) {
     return escaped;
 }
 
-std::string DrawCell(const Figure& figure, Look look, int number, int column, int row) {
-    const Box box = BoxOf(figure.layout);
-    const int x = column * CellWidth + (CellWidth - Pixels(box.least.x + box.most.x)) / 2;
-    const int y = row * CellHeight + (CellHeight - 30 - Pixels(box.least.y + box.most.y)) / 2;
-    const std::string body = look == Look::Solved ? Pieces(figure.layout) : Silhouette(figure.layout);
+std::string WriteText(int x, int y, int size, std::string_view anchor, const std::string& text) {
     std::ostringstream svg;
-    svg << "<g transform=\"translate(" << x << ' ' << y << ")\">\n"
-        << body << "</g>\n<text text-anchor=\"middle\" font-family=\"sans-serif\" font-size=\"17\" x=\""
-        << column * CellWidth + CellWidth / 2 << "\" y=\"" << (row + 1) * CellHeight - 14 << "\">" << number
-        << ' ' << Escaped(figure.name) << "</text>\n";
+    svg << "<text text-anchor=\"" << anchor << "\" font-family=\"sans-serif\" font-size=\"" << size
+        << "\" x=\"" << x << "\" y=\"" << y << "\">" << Escaped(text) << "</text>\n";
     return svg.str();
+}
+
+std::string DrawCell(const Figure& figure, Look look, std::size_t number, int left, int top) {
+    const Box box = BoxOf(figure.layout);
+    const int x = left + (CellWidth - Pixels(box.least.x + box.most.x)) / 2;
+    const int y = top + (CellHeight - 30 - Pixels(box.least.y + box.most.y)) / 2;
+    const std::string body = look == Look::Solved ? Pieces(figure.layout) : Silhouette(figure.layout);
+    return "<g transform=\"translate(" + std::to_string(x) + ' ' + std::to_string(y) + ")\">\n" + body
+           + "</g>\n"
+           + WriteText(left + CellWidth / 2, top + CellHeight - 14, 17, "middle",
+                       std::to_string(number) + ' ' + figure.name);
+}
+
+// The numbers of a family's figures, in the order of the sources: there stands next to each other what
+// belongs together.
+std::vector<std::size_t> MembersOf(std::string_view family, const std::vector<Figure>& ordered) {
+    std::vector<std::size_t> members;
+    for (std::size_t i = 0; i < ordered.size(); i++)
+        if (FamilyName(ordered[i]) == family) members.push_back(i);
+    std::sort(members.begin(), members.end(),
+              [&](std::size_t l, std::size_t r) { return ordered[l].source < ordered[r].source; });
+    return members;
 }
 
 } // namespace
 
-std::string DrawGallery(const std::vector<Figure>& figures, Look look, int firstNumber) {
-    const int count = static_cast<int>(figures.size());
-    const int columns = std::min(count, Columns);
-    std::string svg = Header(columns * CellWidth, (count + Columns - 1) / Columns * CellHeight);
-    for (int i = 0; i < count; i++)
-        svg += DrawCell(figures[i], look, firstNumber + i, i % Columns, i / Columns);
-    return svg + "</svg>\n";
+std::string DrawGallery(const std::vector<Figure>& ordered, Look look) {
+    std::string cells;
+    int top = 0;
+    for (const std::string_view family : FamilyNames()) {
+        const auto members = MembersOf(family, ordered);
+        if (members.empty()) continue;
+        cells += WriteText(20, top + HeadingHeight - 20, 34, "start", std::string(family));
+        top += HeadingHeight;
+        for (std::size_t i = 0; i < members.size(); i++)
+            cells +=
+                DrawCell(ordered[members[i]], look, members[i] + 1, static_cast<int>(i) % Columns * CellWidth,
+                         top + static_cast<int>(i) / Columns * CellHeight);
+        top += (static_cast<int>(members.size()) + Columns - 1) / Columns * CellHeight;
+    }
+    return Header(Columns * CellWidth, top) + cells + "</svg>\n";
 }
 
 std::string DrawStart() {

@@ -8,8 +8,8 @@ namespace Figures {
 
 enum class Look { Silhouette, Solved };
 
-// A page of numbered and named figures; numbers count from firstNumber.
-std::string DrawGallery(const std::vector<Figure>& figures, Look look, int firstNumber = 1);
+// A page of the figures, family by family, with their numbers in this order of play and their names.
+std::string DrawGallery(const std::vector<Figure>& ordered, Look look);
 
 // The board with the pieces in their start places.
 std::string DrawStart();

@@ -163,7 +163,7 @@ void ReadLine(Source& source, const std::string& line, const std::string& place)
     }
     const Reader reader = ReadLayout(line.substr(second + 1));
     Figure figure{Trimmed(line.substr(0, first)), Trimmed(line.substr(first + 1, second - first - 1)),
-                  reader.layout, place};
+                  reader.layout, place, source.figures.size()};
     if (!reader.fault.empty())
         source.faults.push_back(place + ": " + reader.fault);
     else if (figure.name.empty() || figure.category.empty())
@@ -225,7 +225,10 @@ Source ReadSourceFiles(const std::vector<std::string>& paths) {
         std::ostringstream text;
         text << file.rdbuf();
         const Source one = ReadSource(text.str(), path);
-        all.figures.insert(all.figures.end(), one.figures.begin(), one.figures.end());
+        for (Figure figure : one.figures) {
+            figure.source = all.figures.size();
+            all.figures.push_back(std::move(figure));
+        }
         all.faults.insert(all.faults.end(), one.faults.begin(), one.faults.end());
     }
     return all;

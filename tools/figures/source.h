@@ -14,7 +14,8 @@ struct Figure {
     std::string name;
     std::string category;
     Layout layout;
-    std::string place; // file:line it was read from
+    std::string place;      // file:line it was read from
+    std::size_t source = 0; // how many figures were read before it
 };
 
 struct Source {
