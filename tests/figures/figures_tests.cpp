@@ -140,6 +140,8 @@ TEST(Sources, AreRefusedWithPlaceAndReason) {
     const Figure good = ReadPieces(boat + end).figures.at(0),
                  find = ReadPieces(boat + end, "find").figures.at(0);
     EXPECT_TRUE(FaultsOf({good, good}).empty()); // pictures may look alike
+    EXPECT_EQ(FaultsOf(ReadPieces(boat + end, "bird house").figures),
+              std::vector<std::string>{"f:3: no category 'bird house'"});
     EXPECT_EQ(FaultsOf({good, find}), std::vector<std::string>{"f:3: same outline as f:3"});
     EXPECT_EQ(ReadSourceFolder("no/such/folder").faults.size()
                   + ReadSourceFiles({"no/such/file"}).faults.size(),

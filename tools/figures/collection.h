@@ -26,6 +26,9 @@ Record RecordOf(const Layout& layout);
 std::string_view KindName(const Figure& figure);
 std::string_view FamilyName(const Figure& figure);
 
+// Whether a family has figures of that category.
+bool IsCategory(std::string_view category);
+
 // All families in the order of the gallery.
 std::vector<std::string_view> FamilyNames();
 

@@ -17,7 +17,7 @@ using namespace Figures;
 namespace {
 
 constexpr const char* Usage = "figures build OUT.qui FOLDER    writes the collection file\n"
-                              "figures gallery OUT.svg FOLDER  draws the silhouettes\n"
+                              "figures gallery OUT.svg FOLDER  draws the silhouettes, by kind\n"
                               "figures solved OUT.svg FOLDER   draws the solved figures\n"
                               "figures list OUT.md FOLDER      lists the figures with their solutions\n"
                               "figures start OUT.svg           draws the start places\n"
@@ -62,7 +62,9 @@ int RunOnSources(const std::string& command, const std::string& out, const std::
     const Source source = ReadSourceFolder(folder);
     const bool readable = Report(source.faults);
     if (!Report(FaultsOf(source.figures)) || !readable) return 1;
-    const auto page = PageFor(command, InPlayingOrder(source.figures));
+    const auto ordered = InPlayingOrder(source.figures);
+    for (const std::string& name : CutFigures(ordered)) std::cerr << name << ": cut in View All\n";
+    const auto page = PageFor(command, ordered);
     if (!page) std::cerr << Usage;
     return page && WriteFile(out, *page) ? 0 : 1;
 }

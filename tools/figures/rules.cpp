@@ -118,7 +118,8 @@ std::vector<std::string> FaultsOf(const std::vector<Figure>& figures) {
     std::vector<std::string> faults;
     std::map<Region, const Figure*> known;
     for (const Figure& figure : figures) {
-        const std::string fault = FaultOf(figure.layout);
+        const std::string fault =
+            IsCategory(figure.category) ? FaultOf(figure.layout) : "no category '" + figure.category + "'";
         if (!fault.empty()) {
             faults.push_back(figure.place + ": " + fault);
             continue;
