@@ -7,6 +7,7 @@
 #include "core/game_state.h"
 #include "core/panel_window.h"
 #include "core/piece_geometry.h"
+#include "core/solution_check.h"
 #include "platform_scripted/scripted_desktop.h"
 #include "shell/control_panel.h"
 #include "shell/design_windows.h"
@@ -89,27 +90,34 @@ class GameTest : public testing::Test {
         SelectQuillet(1);
     }
 
-    /// All that the player sees and that play goes by: pieces, texts, latches, and a sum of both pictures and
-    /// of what can be picked.
+    /// All that the player sees and that play goes by: texts, pieces, latches, and a sum of each picture.
     static std::string Scene() {
         std::ostringstream text;
         text << "shown " << Game.SolutionShown << " last " << Game.LastPiece << " active " << Game.ActivePiece
              << " enabled " << Board.Enabled << "; " << FormMain.Caption << "; " << FormMain.PStandard.Caption
              << "; " << Form1.TarQui.Caption << "\n";
         for (const auto& [x, y, turn] : PlacesNow()) text << x << ',' << y << " turn " << turn << "; ";
-        for (const TileButton& button : Form1.MenuButx) text << (button.Latched ? button.ToolTipText : "");
-        text << "\n" << Game.QuilletFile;
+        for (const TileButton& button : Form1.MenuButx)
+            if (button.Latched) text << button.ToolTipText << " latched; ";
+        const auto pixelOf = [](const Picture& picture) {
+            return [&](Vertex v) { return picture.Image.Point(v.X, v.Y); };
+        };
+        text << "\n"
+             << Game.QuilletFile << "\nboard " << SumOf(pixelOf(Board)) << ", figure "
+             << SumOf(pixelOf(Form1.TargetQui[1])) << ", what can be picked " << SumOf(PickedAt);
+        return text.str();
+    }
+    static std::size_t SumOf(const auto& shownAt) {
         std::size_t sum = 0;
-        for (int y = 0; y < 390; ++y)
-            for (int x = 0; x < 350; ++x)
-                sum = 31 * sum + std::size_t(PickedAt({x, y}) + 1) + 7 * std::size_t(Board.Image.Row(y)[x])
-                      + 13 * std::size_t(Form1.TargetQui[1].Image.Point(x, y));
-        return text.str() + "\nsum of the pictures " + std::to_string(sum);
+        for (int n = 0; n < 350 * 390; ++n)
+            sum = 31 * sum + static_cast<std::size_t>(shownAt({n % 350, n / 350}));
+        return sum;
     }
 
-    /// The scene is the one of these pieces drawn on clean surfaces.
+    /// The scene is the one of these pieces and this figure drawn on clean surfaces.
     static void ExpectCleanPicture() {
         const std::string scene = Scene();
+        ShowQuillet();
         Lay(PlacesNow());
         EXPECT_EQ(Scene(), scene);
     }
@@ -150,33 +158,29 @@ class GameTest : public testing::Test {
     static Places HomePlaces() { return Gathered(Game.HomeX, Game.HomeY, Game.HomeTurn); }
     static Places Gathered(const auto& x, const auto& y, const auto& turn) {
         Places places;
-        for (int p = 0; p < PieceCount; ++p) places[p] = {x[p], y[p], Number(turn[p])};
+        for (int p = 0; p < PieceCount; ++p) places[p] = {Number(x[p]), Number(y[p]), Number(turn[p])};
         return places;
     }
 
     /// Set the pieces without any event, on clean surfaces; the solution with its corner at (left, top).
     static void Lay(const Places& places) {
-        for (int p = 0; p < PieceCount; ++p) {
-            const auto& [x, y, turn] = places[p];
-            Game.PieceX[p] = x, Game.PieceY[p] = y, Game.PieceTurn[p] = turn;
-        }
+        for (int p = 0; p < PieceCount; ++p)
+            std::tie(Game.PieceX[p], Game.PieceY[p], Game.PieceTurn[p]) = std::tuple_cat(places[p]);
         FormMain.Image.Cls();
         Board.Image.Cls();
         DrawAllPieces();
     }
     static void LaySolution(double left, double top) {
-        const auto q = static_cast<std::size_t>(Game.CurrentQuillet);
-        Places places;
-        for (int p = 0; p < PieceCount; ++p)
-            places[p] = {left + Game.SolX[p][q], top + Game.SolY[p][q], Game.SolTurn[p][q]};
+        const Solution solution = SolutionOf(Game, ShownQuillet());
+        Places places = Gathered(solution.X, solution.Y, solution.Turn);
+        for (auto& [x, y, turn] : places) x += left, y += top;
         Lay(places);
     }
 
     /// A pixel of the board well inside the piece, and one where it can be taken even if others lie there.
     static Vertex InsideOf(int piece) {
         PolygonPoints polygon;
-        BuildPolygon(piece, NearestInt16(Game.PieceTurn[piece]), Game.BoardX0 + Game.PieceX[piece],
-                     Game.BoardY0 + Game.PieceY[piece], polygon);
+        PolygonOfPiece(piece, polygon);
         // Halfway between two middles of sides: inside of any of the seven outlines.
         const auto& [a, b, c] = std::tie(polygon[0], polygon[1], polygon[2]);
         return {(a.X + 2 * b.X + c.X) / 4, (a.Y + 2 * b.Y + c.Y) / 4};
@@ -199,7 +203,10 @@ class GameTest : public testing::Test {
     static void MoveTo(Vertex v) { MouseMove(Board, 0, float(v.X), float(v.Y)); }
     static void Release(std::int16_t button, Vertex v) { MouseUp(Board, button, float(v.X), float(v.Y)); }
     static void Key(int code, int shift = 0) { KeyDown(Board, NearestInt16(code), NearestInt16(shift)); }
-    static void TurnByMouse(int piece) { Press(2, GripOf(piece)), Release(2, GripOf(piece)); }
+    static void TurnByMouse(int piece) {
+        Press(2, GripOf(piece));
+        Release(2, GripOf(piece));
+    }
 
     /// Drags the piece so that its reference point comes to (x, y), in steps, and drops it.
     static void DragTo(int piece, double x, double y) {

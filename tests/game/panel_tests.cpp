@@ -19,55 +19,74 @@ class PanelTest : public RunningGame {
                + (PlacesNow() == HomePlaces() ? " home" : "")
                + (Game.SolutionShown == Game.FlagOn ? " shown; " : "; ") + calls;
     }
+
+    const std::string Chosen = " home; cue whoosh1; focus FormMain", Refused = " shown; focus FormMain";
 };
 
 TEST_F(PanelTest, NavigationMovesAndResetsAndRefusesAtTheEndsInSilence) {
-    const std::string chosen = " home; cue whoosh1; focus FormMain", refused = " shown; focus FormMain";
     Button("Copy").ToolTipText = "first"; // the text alone tells what a button does
     const std::tuple<const char*, int, std::string> moves[] = {
-        {"First", 3, "1" + chosen},  {"Last", 2, "5" + chosen},
-        {"Left", 3, "2" + chosen},   {"Left", 1, "1" + refused},
-        {"Right", 4, "5" + chosen},  {"Right", 5, "5" + refused},
-        {"first", 3, "3" + refused}, {"Reset", 2, "2 home shown; cue whoosh1; focus FormMain"}};
+        {"First", 3, "1" + Chosen},  {"Last", 2, "5" + Chosen},
+        {"Left", 3, "2" + Chosen},   {"Left", 1, "1" + Refused},
+        {"Right", 4, "5" + Chosen},  {"Right", 5, "5" + Refused},
+        {"first", 3, "3" + Refused}, {"Reset", 2, "2 home shown; cue whoosh1; focus FormMain"}};
     for (const auto& [command, from, after] : moves) EXPECT_EQ(After(command, from), after);
-    std::set<std::string> seen;
-    for (Desktop.Clock = 0; Desktop.Clock < 40; ++Desktop.Clock) seen.insert(After("Random", 1));
-    EXPECT_EQ(seen, (std::set{"1" + chosen, "2" + chosen, "3" + chosen, "4" + chosen, "5" + chosen}));
-    EXPECT_EQ(After("Random", 1), After("Random", 2)); // seeded anew at each press
     PressButton(Button("Sound"));
-    EXPECT_EQ(After("Reset", 1), "1 home shown; focus FormMain");
-    PressButton(Button("Sound"));
-    StartWith("");
-    EXPECT_EQ(After("Last", 1), "0" + chosen);
-    EXPECT_EQ(After("Random", 1), "0" + chosen);
-    EXPECT_EQ(After("Right", 1), "1" + refused);
+    EXPECT_EQ(After("Reset", 1), "1 home shown; focus FormMain") << "without sound";
 }
 
-TEST_F(PanelTest, LevelsLatchSoundTheirCueOnceAndShowWhatTheyGiveAway) {
-    EXPECT_EQ(CallsOfButton("Normal"), "focus FormMain"); // set already: only the latch changes
+TEST_F(PanelTest, RandomTakesAnyQuilletByTheClockAlone) {
+    std::set<std::string> seen;
+    for (Desktop.Clock = 0; Desktop.Clock < 40; ++Desktop.Clock) seen.insert(After("Random", 1));
+    EXPECT_EQ(seen, (std::set{"1" + Chosen, "2" + Chosen, "3" + Chosen, "4" + Chosen, "5" + Chosen}));
+    EXPECT_EQ(After("Random", 1), After("Random", 2));
+}
+
+TEST_F(PanelTest, NavigationInAnEmptyCollectionIsHarmless) {
+    StartWith("");
+    EXPECT_EQ(After("First", 0), "1" + Chosen);
+    EXPECT_EQ(After("Last", 1), "0" + Chosen);
+    EXPECT_EQ(After("Random", 1), "0" + Chosen);
+    EXPECT_EQ(After("Right", 1), "1" + Refused);
+    EXPECT_EQ(After("Left", 1), "1" + Refused);
+}
+
+TEST_F(PanelTest, EveryChangeOfLevelShowsWhatTheLevelGivesAwayAndMovesNothing) {
     Places places = HomePlaces();
-    places[5][2] = Game.SolTurn[5][1]; // and no other of the two looked at
+    places[5][2] = Game.SolTurn[5][1]; // the level Easy tells of it
     Lay(places);
-    const Number half = Game.PieceWidth[Square][NearestInt16(Game.SolTurn[Square][1])] / 2;
-    const Number x = 5 + Game.SolX[Square][1] + half, y = 14 + Game.SolY[Square][1] + half;
-    const std::string last[] = {"Very easy", "Easy", "Normal"};
-    for (const std::size_t level : {1u, 0u, 1u, 2u, 0u, 2u}) {
+    EXPECT_EQ(CallsOfButton("Normal"), "focus FormMain") << "set already: only the latch changes";
+    for (const char* level : {"Easy", "Very easy", "Easy", "Normal", "Very easy", "Normal"}) {
         Board.Enabled = false;
-        EXPECT_EQ(CallsOfButton(last[level]),
-                  level == 0 ? "cue GiveUp; focus FormMain" : "cue click2; focus FormMain");
+        const bool veryEasy = level == std::string("Very easy");
+        EXPECT_EQ(CallsOfButton(level),
+                  veryEasy ? "cue GiveUp; focus FormMain" : "cue click2; focus FormMain");
+        EXPECT_TRUE(Board.Enabled);
+        EXPECT_EQ(PlacesNow(), places);
+        for (const char* other : {"Normal", "Easy", "Very easy"})
+            EXPECT_EQ(Button(other).Latched, other == std::string(level)) << other << " at " << level;
         const std::string scene = Scene();
-        EXPECT_EQ(CallsOfButton(last[level]), "focus FormMain");
+        EXPECT_EQ(CallsOfButton(level), "focus FormMain") << "pressed again";
         EXPECT_EQ(Scene(), scene);
-        EXPECT_EQ(std::pair(Board.Enabled, PlacesNow()), std::pair(true, places));
-        const char* captions[] = {"VERY EASY", "EASY", "NORMAL"};
-        EXPECT_EQ(FormMain.PStandard.Caption, std::string("Play difficulty: ") + captions[level]);
-        for (const std::string& command : last) EXPECT_EQ(Button(command).Latched, command == last[level]);
-        const auto own = [&](int piece, Colour otherwise) {
-            return level == 0 ? Game.PieceRGB[piece] : otherwise;
-        };
-        const std::array expected = {own(5, level == 1 ? QBColor(3) : 0), own(6, 0), own(Square, 0)};
-        EXPECT_EQ((std::array{ColourOf(5), ColourOf(6), Form1.TargetQui[0].Image.Point(x, y)}), expected);
+        ExpectCleanPicture();
     }
+}
+
+TEST_F(PanelTest, TheBoardIsToldInWords) {
+    const auto words = [] { return Board.InWords(); };
+    EXPECT_EQ(words(), "Quillet (1 of 5), Play difficulty: NORMAL, piece last handled: first large triangle");
+    PressButton(Button("Very easy"));
+    Press(1, InsideOf(Square));
+    Release(1, InsideOf(Square));
+    EXPECT_EQ(words(), "Quillet (1 of 5), Play difficulty: VERY EASY, piece last handled: square");
+    LaySolution(30, 30);
+    TurnByMouse(6);
+    PressButton(Button("Easy"));
+    EXPECT_EQ(words(), "Quillet (1 of 5), Play difficulty: EASY, piece last handled: square, "
+                       "pieces with their final turn: 6 of 7");
+    std::set<std::string> names;
+    for (Game.LastPiece = 0; Game.LastPiece < PieceCount; ++Game.LastPiece) names.insert(words());
+    EXPECT_EQ(names.size(), PieceCount);
 }
 
 TEST_F(PanelTest, ExitSavesTheSettingsClosesTheSoundAndEndsInOrder) {

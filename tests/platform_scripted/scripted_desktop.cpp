@@ -8,8 +8,19 @@ ScriptedDesktop Desktop;
 
 namespace {
 
-BoxAnswer FirstButton(BoxButtons buttons) {
-    return buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
+void Record(const std::string& call) {
+    Desktop.Calls.push_back(call);
+}
+
+/// The player's answer to what is on screen, or `otherwise` where none is left.
+template <typename Answer>
+Answer NextAnswer(std::deque<Answer>& answers, Answer otherwise) {
+    LoseMouse();
+    if (Desktop.WhileModal) Desktop.WhileModal();
+    if (answers.empty()) return otherwise;
+    otherwise = answers.front();
+    answers.pop_front();
+    return otherwise;
 }
 
 void Load(Form& form) {
@@ -19,33 +30,19 @@ void Load(Form& form) {
     if (form.Load) form.Load();
 }
 
-bool TakesEvents(const Control& control) {
-    return control.Enabled && control.Visible && !Desktop.Ended;
-}
-
-void Mouse(Picture& picture, MouseHandler handler, std::int16_t button, float x, float y) {
-    if (handler && TakesEvents(picture)) Deliver([&] { handler(button, 0, x, y); });
-}
-
-/// A box, a button or a menu takes the mouse from a press under way.
-void TakeMouse() {
-    for (const Form* form : Desktop.Loaded)
-        for (const ControlRef& control : form->Controls)
-            if (Picture* const* picture = std::get_if<Picture*>(&control); picture && (*picture)->MouseLost)
-                (*picture)->MouseLost();
+/// An event of the control, where it can take one.
+template <typename Handler, typename... Arguments>
+void Send(const Control& control, Handler handler, Arguments... arguments) {
+    if (handler && control.Enabled && control.Visible && !Desktop.Ended)
+        Deliver([&] { handler(arguments...); });
 }
 
 std::int32_t AnswerDialog(const std::string& kind, OpenFileName& record) {
-    Desktop.Calls.push_back("dialog " + kind);
+    Record("dialog " + kind);
     Desktop.FileDialogs.push_back(record);
-    TakeMouse();
-    if (Desktop.WhileModal) Desktop.WhileModal();
-    if (Desktop.Paths.empty()) return 0;
-    const std::string path = Desktop.Paths.front();
-    Desktop.Paths.pop_front();
-    if (path.empty()) return 0;
     // As a real one does: the path and a NUL over what stood there.
-    const std::string answer = path + '\0';
+    const std::string answer = NextAnswer(Desktop.Paths, std::string()) + '\0';
+    if (answer.size() == 1) return 0;
     record.lpstrFile.replace(0, std::min(answer.size(), record.lpstrFile.size()), answer);
     return 1;
 }
@@ -55,13 +52,8 @@ std::int32_t AnswerDialog(const std::string& kind, OpenFileName& record) {
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
                  BoxDefault preset) {
     Desktop.Boxes.push_back({text, title, buttons, icon, preset});
-    Desktop.Calls.push_back("box " + text);
-    TakeMouse();
-    if (Desktop.WhileModal) Desktop.WhileModal();
-    if (Desktop.Answers.empty()) return FirstButton(buttons);
-    const BoxAnswer answer = Desktop.Answers.front();
-    Desktop.Answers.pop_front();
-    return answer;
+    Record("box " + text);
+    return NextAnswer(Desktop.Answers, buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok);
 }
 
 std::int32_t GetOpenFileNameA(OpenFileName& record) {
@@ -77,8 +69,7 @@ std::intptr_t ProgramInstance() {
 }
 
 std::int32_t mciSendStringA(const std::string& command, std::string&, std::int32_t, void*) {
-    Desktop.MediaCommands.push_back(command);
-    Desktop.Calls.push_back("media " + command);
+    Record("media " + command);
     return 0;
 }
 
@@ -87,21 +78,21 @@ void ShowForm(Form& form, Modality modality) {
     form.Visible = true;
     if (form.Resized) form.Resized();
     if (form.Activate) form.Activate();
-    Desktop.Calls.push_back((modality == Modality::Modal ? "show modal " : "show ") + form.Name);
+    Record((modality == Modality::Modal ? "show modal " : "show ") + form.Name);
     if (modality != Modality::Modal) return;
-    TakeMouse();
+    LoseMouse();
     if (Desktop.WhileModal) Desktop.WhileModal();
     form.Visible = false;
 }
 
 void HideForm(Form& form) {
     form.Visible = false;
-    Desktop.Calls.push_back("hide " + form.Name);
+    Record("hide " + form.Name);
 }
 
 void UnloadForm(Form& form) {
     if (!form.Loaded) return;
-    Desktop.Calls.push_back("unload " + form.Name);
+    Record("unload " + form.Name);
     std::int16_t cancel = 0;
     if (form.Unload) form.Unload(cancel);
     if (cancel != 0) return;
@@ -115,17 +106,15 @@ std::vector<Form*> LoadedForms() {
 }
 
 void SetFocus(Form& form) {
-    Desktop.Focused = &form;
-    Desktop.Calls.push_back("focus " + form.Name);
+    Record("focus " + form.Name);
 }
 
 void PrintForm(Form& form) {
-    Desktop.Calls.push_back("print " + form.Name);
+    Record("print " + form.Name);
 }
 
-void Navigate(WebBrowser&, const std::string& address) {
-    if (!Desktop.History.empty() && Desktop.History[Desktop.PageShown] == address) return;
-    FollowLink(address);
+void Navigate(WebBrowser& browser, const std::string& address) {
+    if (LocationURL(browser) != address) FollowLink(address);
 }
 
 std::string LocationURL(const WebBrowser&) {
@@ -142,7 +131,7 @@ void GoForward(WebBrowser&) {
 
 void EndProgram() {
     Desktop.Ended = true;
-    Desktop.Calls.push_back("end");
+    Record("end");
     throw ProgramEnded{};
 }
 
@@ -178,30 +167,33 @@ bool Deliver(const std::function<void()>& handler) {
 }
 
 void MouseDown(Picture& picture, std::int16_t button, float x, float y) {
-    Mouse(picture, picture.MouseDown, button, x, y);
+    Send(picture, picture.MouseDown, button, std::int16_t{0}, x, y);
 }
 
 void MouseMove(Picture& picture, std::int16_t button, float x, float y) {
-    Mouse(picture, picture.MouseMove, button, x, y);
+    Send(picture, picture.MouseMove, button, std::int16_t{0}, x, y);
 }
 
 void MouseUp(Picture& picture, std::int16_t button, float x, float y) {
-    Mouse(picture, picture.MouseUp, button, x, y);
-}
-
-void LoseMouse(Picture& picture) {
-    if (picture.MouseLost && !Desktop.Ended) Deliver(picture.MouseLost);
+    Send(picture, picture.MouseUp, button, std::int16_t{0}, x, y);
 }
 
 void KeyDown(Picture& picture, std::int16_t keyCode, std::int16_t shift) {
-    if (picture.KeyDown && TakesEvents(picture)) Deliver([&] { picture.KeyDown(keyCode, shift); });
+    Send(picture, picture.KeyDown, keyCode, shift);
 }
 
-void ScrollTo(ScrollBar& bar, int value) {
-    const std::int16_t stopped = NearestInt16(std::clamp<int>(value, 0, bar.Max));
-    if (!TakesEvents(bar) || stopped == bar.Value) return;
+void LoseMouse() {
+    for (const Form* form : Desktop.Loaded)
+        for (const ControlRef& control : form->Controls)
+            if (Picture* const* picture = std::get_if<Picture*>(&control); picture && (*picture)->MouseLost)
+                (*picture)->MouseLost();
+}
+
+void Scroll(ScrollBar& bar, int by) {
+    const std::int16_t stopped = NearestInt16(std::clamp<int>(bar.Value + by, 0, bar.Max));
+    if (!bar.Enabled || stopped == bar.Value) return;
     bar.Value = stopped;
-    if (bar.Change) Deliver(bar.Change);
+    Send(bar, bar.Change);
 }
 
 void FollowLink(const std::string& address) {
@@ -211,13 +203,12 @@ void FollowLink(const std::string& address) {
 }
 
 void PressButton(TileButton& button) {
-    if (!button.Pressed || !TakesEvents(button)) return;
-    TakeMouse();
-    Deliver([&] { button.Pressed(button.Index); });
+    LoseMouse();
+    Send(button, button.Pressed, button.Index);
 }
 
 void ChooseMenuItem(Form& form, const std::string& caption) {
-    TakeMouse();
+    LoseMouse();
     for (const Menu& menu : form.Menus)
         for (const MenuItem& item : menu.Items)
             if (item.Caption == caption && item.Click && !Desktop.Ended) Deliver(item.Click);

@@ -32,11 +32,9 @@ struct ScriptedDesktop {
     /// The pages of the one browser, and which of them is shown.
     std::vector<std::string> History;
     std::size_t PageShown = 0;
-    std::vector<std::string> MediaCommands;
     /// Every call in its order, in words: "box TEXT", "media COMMAND", "show NAME", "focus NAME" and so on.
     std::vector<std::string> Calls;
     std::vector<Form*> Loaded;
-    Form* Focused = nullptr;
     bool Ended = false;
 };
 
@@ -53,17 +51,17 @@ bool StartProgram(Form& startForm, const std::string& folder);
 /// Runs a handler as an event; false when it ended the program.
 bool Deliver(const std::function<void()>& handler);
 
-/// Mouse events of a picture, in pixels of it.
+/// What the player does with a picture, in pixels of it, while it can be used.
 void MouseDown(Picture& picture, std::int16_t button, float x, float y);
 void MouseMove(Picture& picture, std::int16_t button, float x, float y);
 void MouseUp(Picture& picture, std::int16_t button, float x, float y);
-void LoseMouse(Picture& picture);
-
-/// A key goes to the picture if it can take it.
 void KeyDown(Picture& picture, std::int16_t keyCode, std::int16_t shift);
 
-/// The player moves a scroll bar; it stops at its ends.
-void ScrollTo(ScrollBar& bar, int value);
+/// A box, a button or a menu takes the mouse from a press under way.
+void LoseMouse();
+
+/// The player moves a scroll bar, which stops at its ends, by so much.
+void Scroll(ScrollBar& bar, int by);
 
 /// The player follows a link in the help page.
 void FollowLink(const std::string& address);

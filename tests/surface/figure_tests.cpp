@@ -1,6 +1,7 @@
 // Pictures of the game against the plain surface: every shipped figure at every level and on every page of
 // both views.
 #include "game/game_on_script.h"
+#include "play/win_flow.h"
 #include "reference.h"
 #include "shell/all_shapes.h"
 #include "shell/print_shapes.h"
@@ -62,9 +63,15 @@ void ExpectTarget(int quillet, int level) {
 void ExpectBoard(int quillet, int level) {
     Reference board(350, 390, Game.BoardColor),
         picks(FormMain.Image.Width(), FormMain.Image.Height(), FormMain.Image.BackColor);
+    // Copy judges no turns: the colours tell of those at home.
+    PerPiece<Number> home;
+    std::ranges::copy(Game.HomeTurn, home.begin());
+    Matches matches{};
+    for (int p = 0; p < PieceCount; ++p)
+        matches = MatchedTurns(home, SolutionOf(Game, static_cast<std::size_t>(quillet)), p, matches);
     for (int p = 0; p < PieceCount; ++p) {
         const Shape shape = ShiftedBy(60, 60, p, quillet);
-        const Colour matched = Game.TurnMatched[p] == Game.FlagOn ? Rgb(0, 128, 128) : 0;
+        const Colour matched = matches[p] ? Rgb(0, 128, 128) : 0;
         board.Draw(shape, 0, level == VeryEasyLevel ? Game.PieceRGB[p] : level == EasyLevel ? matched : 0);
         picks.Draw(shape, Game.BoardColor, Game.PieceRGB[p]);
     }
@@ -76,6 +83,7 @@ TEST_F(FigureTest, BoardPicksAndTargetAreDrawnByTheRuleAtEveryLevel) {
     for (const int level : {NormalLevel, EasyLevel, VeryEasyLevel}) {
         PressButton(Form1.MenuButx[static_cast<std::size_t>(17 - level)]);
         for (int quillet = 1; quillet <= Game.QuilletCount; quillet += EveryNth) {
+            ResetPieces(); // the turns are judged when a figure is chosen, before the pieces go home
             SelectQuillet(quillet);
             ASSERT_NO_FATAL_FAILURE(ExpectTarget(quillet, level)) << quillet;
             PressButton(Button("Copy"));
@@ -90,15 +98,20 @@ struct Layout {
     float Scale;
     int Cell;
     double ColumnPitch;
+    Colour Ground;
+    bool Numbered;
 };
 
 /// The lines of a cell are drawn anew with each piece, light ones and dark ones beside them.
 void ExpectPage(const Form& page, const Layout& layout, int before, Colour edge, Colour inside) {
-    Reference reference(page.Image.Width(), page.Image.Height(), page.Image.BackColor);
+    Reference reference(page.Image.Width(), page.Image.Height(), layout.Ground);
+    std::vector<Surface::TextItem> numbers;
     const auto scaled = [&](Number n) { return std::floor(layout.Scale * (n + 1)); };
-    for (int n = 0; n < layout.Columns * layout.Rows && before + n < Game.QuilletCount; ++n)
+    for (int n = 0; n < layout.Columns * layout.Rows && before + n < Game.QuilletCount; ++n) {
+        const int column = n % layout.Columns, row = n / layout.Columns;
+        numbers.push_back({layout.Cell * (column + 1) - 27, layout.Cell * (row + 1) - 13, 0,
+                           " " + std::to_string(before + n + 1)});
         for (int p = 0; p < PieceCount; ++p) {
-            const int column = n % layout.Columns, row = n / layout.Columns;
             const double left = layout.Cell * column, right = left + layout.Cell,
                          bottom = layout.Cell * (row + 1);
             reference.Box(left, 0, right, bottom, Rgb(255, 255, 255));
@@ -109,6 +122,8 @@ void ExpectPage(const Form& page, const Layout& layout, int before, Colour edge,
                 [&](Number y) { return NearestInt32(scaled(y) + 7 + layout.Cell * row); });
             reference.Draw(shape, edge, inside);
         }
+    }
+    EXPECT_EQ(page.Image.Texts(), layout.Numbered ? numbers : std::vector<Surface::TextItem>{});
     ExpectSame(page.Image, reference);
 }
 
@@ -116,18 +131,18 @@ TEST_F(FigureTest, EveryPageOfBothViewsIsDrawnByTheRule) {
     const Colour grey = Rgb(100, 100, 100), white = Rgb(255, 255, 255);
     PressButton(Button("View All"));
     for (int before = 0; before <= AllShapes.VScroll1.Max; before += 8) {
-        ScrollTo(AllShapes.VScroll1, before);
-        ExpectPage(AllShapes, {8, 8, 0.18F, 48, 49.5}, before, AllShapes.Image.ForeColor,
-                   AllShapes.Image.FillColor);
+        ExpectPage(AllShapes, {8, 8, 0.18F, 48, 49.5, Rgb(192, 192, 192), false}, before, 0, 0);
+        Scroll(AllShapes.VScroll1, 8);
     }
     HideForm(AllShapes); // or Print would leave the page to it
     ChooseMenuItem(Form1, "Print");
-    for (int before = 0; before <= PrintShapes.VScroll1.Max; before += 20)
+    for (int before = 0; before <= PrintShapes.VScroll1.Max; before += 20) {
         for (const auto& [item, edge] : {std::pair("Show Shape", grey), {"Show Solution", white}}) {
-            ScrollTo(PrintShapes.VScroll1, before);
             ChooseMenuItem(PrintShapes, item);
-            ExpectPage(PrintShapes, {5, 4, 0.54F, 144, 148.5}, before, edge, grey);
+            ExpectPage(PrintShapes, {5, 4, 0.54F, 144, 148.5, white, true}, before, edge, grey);
         }
+        Scroll(PrintShapes.VScroll1, 20);
+    }
 }
 
 } // namespace
