@@ -1,17 +1,14 @@
 // The game without a display, for one operation on its files, which runs between two marks in the list of its
 // system calls. Says what each message box said, one line a box.
 // Usage: one_operation FOLDER append TIMES SHIFT | remove NUMBER TIMES | saveas PATH | settings
-//        one_operation FOLDER open PATH: and then quillets held, milliseconds taken and KiB at most in use
-//        one_operation FOLDER prefixes PATH: what is wrong with each beginning of a collection, a line each
+//        one_operation FOLDER open PATH: and then how many quillets it holds
 #include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
 #include "core/panel_window.h"
 #include "files/append_quillet.h"
 #include "files/collection_files.h"
-#include "files/collection_format.h"
 #include "files/collection_reader.h"
-#include "platform/files.h"
 #include "platform_scripted/scripted_desktop.h"
 #include "play/copy_to_board.h"
 #include "shell/control_panel.h"
@@ -20,8 +17,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <fstream>
 #include <string>
 #include <unistd.h>
 
@@ -61,39 +56,12 @@ void PrintBoxes() {
     }
 }
 
-/// The kernel's own count of the memory; its report of a process's use also counts what stood there before.
-int PeakMemory() {
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    while (status >> word && word != "VmHWM:") {
-    }
-    status >> word;
-    return std::atoi(word.c_str());
-}
-
-void Open() {
-    const std::clock_t start = std::clock();
-    Deliver(OpenCollection);
-    const double milliseconds = 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-    PrintBoxes();
-    std::printf("%g %.3f %d\n", Game.QuilletCount, milliseconds, PeakMemory());
-    Desktop.Boxes.clear();
-}
-
-void TryPrefixes(const char* path) {
-    std::string text;
-    ReadFile(path, LargestCollection, text);
-    for (std::size_t length = 0; length <= text.size(); ++length)
-        std::puts(FaultOfCollection(text.substr(0, length)).c_str());
-}
-
 void Run(const std::string& operation, const char* first, const char* second) {
     if (operation == "append") Append(std::atoi(first), std::atoi(second));
     if (operation == "remove") Remove(std::atoi(first), std::atoi(second));
     Desktop.Paths = {first};
     if (operation == "saveas") SaveCollectionAs();
-    if (operation == "open") Open();
-    if (operation == "prefixes") TryPrefixes(first);
+    if (operation == "open") Deliver(OpenCollection);
     Form1.Left += 15; // for settings that differ from those before
     if (operation == "settings") Deliver(Form1.CloseRequest);
 }
@@ -111,5 +79,6 @@ int main(int argc, char** argv) {
         static_cast<void>(::access("/quillets-operation-ends", F_OK));
     }
     PrintBoxes();
+    if (argument(2) == std::string("open")) std::printf("%g\n", Game.QuilletCount);
     return started ? 0 : 1;
 }

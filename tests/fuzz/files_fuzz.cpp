@@ -1,10 +1,8 @@
-// Fuzzed files. The readers take each one whole or refuse it, with a message that names one of its lines;
-// with QUILLETS_PLAY set a collection is also opened, looked at, appended to, removed from and saved, and
-// nothing is lost.
-#include "files/collection_reader.h"
+// Fuzzed files. The readers take each one whole or refuse it; what Append and Remove make of a whole one is
+// whole. With QUILLETS_PLAY set a collection is also opened, looked at, appended to and removed from.
+#include "files/collection_format.h"
 #include "files/settings.h"
 #include "game/game_on_script.h"
-#include "shell/all_shapes.h"
 #include "shell/print_shapes.h"
 
 #include <cstdio>
@@ -37,25 +35,19 @@ bool NamesALineOf(const std::string& text) {
     return Desktop.Boxes.size() == 1 && line >= 1 && line <= std::count(text.begin(), text.end(), '\n') + 1;
 }
 
-/// Count, turns and places of all quillets.
-using Tables = std::vector<Number>;
-
-Tables TablesNow() {
-    Tables tables;
-    for (std::size_t q = 1; q <= static_cast<std::size_t>(Game.QuilletCount); ++q)
-        for (int p = 0; p < PieceCount; ++p)
-            tables.insert(tables.end(), {Game.SolTurn[p][q], Game.SolX[p][q], Number(Game.SolY[p][q])});
-    return tables;
-}
-
-void ReadAsPieceTable(const std::string& text) {
-    WriteText("QUILLET.qui", text);
-    Game.QuilletFile = Game.AppPath + "QUILLET.qui";
-    const auto shapes = Game.PieceShape;
-    Desktop.Boxes.clear();
-    if (!Deliver(LoadPieceTable))
-        Insist(NamesALineOf(text) && Game.PieceShape == shapes, "refused, the shapes stay");
-    Desktop.Ended = false;
+/// What Append and Remove make of a whole collection is whole, and one record more or less is one quillet.
+void ChangeText(const std::string& text) {
+    Collection before, after;
+    if (!ReadCollection(text, before).empty()) return;
+    const std::string grown = WithRecord(text, RecordText(before.QuilletCount + 1, Figure{}));
+    Insist(ReadCollection(grown, after).empty(), "a collection with one more is whole");
+    Insist(after.QuilletCount == before.QuilletCount + 1, "it holds one more");
+    const std::string plain = WithoutRecord(grown, 0), all = WithoutRecord(plain, 0);
+    Collection numbered;
+    Insist(ReadCollection(plain, numbered).empty() && plain == all, "numbers are only given once");
+    const std::string shrunk = WithoutRecord(
+        WithRecord(plain, RecordText(numbered.QuilletCount + 1, Figure{})), numbered.QuilletCount + 1);
+    Insist(shrunk == plain, "what comes and goes leaves no trace");
 }
 
 void ReadAsSettings(const std::string& text) {
@@ -74,7 +66,7 @@ void ReadAsSettings(const std::string& text) {
 
 /// True when it is loaded.
 bool OpenCollectionOf(const std::string& text) {
-    const Tables before = TablesNow();
+    const Collection before = Game;
     const std::string file = Game.QuilletFile;
     WriteText("fuzzed.qui", text);
     Desktop.Boxes.clear();
@@ -82,46 +74,22 @@ bool OpenCollectionOf(const std::string& text) {
     ChooseMenuItem(Form1, "Open");
     if (Desktop.Boxes.empty() || Desktop.Ended) return !Desktop.Ended;
     Insist(NamesALineOf(text), "a refusal names a line");
-    Insist(TablesNow() == before && Game.QuilletFile == file && FormMain.Picture1.Enabled,
-           "refused, all stays");
+    Insist(std::tie(before.QuilletCount, before.SolTurn, before.SolX, before.SolY)
+               == std::tie(Game.QuilletCount, Game.SolTurn, Game.SolX, Game.SolY),
+           "refused, the collection stays");
+    Insist(Game.QuilletFile == file && FormMain.Picture1.Enabled, "refused, all stays");
     return false;
 }
 
-void Press(std::initializer_list<const char*> commands) {
-    for (const char* command : commands)
+/// Looks at the collection, appends the shown figure if it is small enough, and removes the last.
+void Play() {
+    for (const char* command : {"First", "View All", "Copy", "Append existing Quillet", "Last",
+                                "Remove existing Quillet", "Reset", "Append existing Quillet"})
         for (TileButton& button : Form1.MenuButx)
             if (button.ToolTipText == command) PressButton(button);
-}
-
-/// Appends the shown figure or, where that is too large, the pieces at home, and takes it away again.
-void AppendAndRemove() {
-    const std::string before = ReadText("fuzzed.qui");
-    Press({"Copy", "Append existing Quillet"});
-    if (ReadText("fuzzed.qui") == before) Press({"Reset", "Append existing Quillet"});
-    const std::string after = ReadText("fuzzed.qui");
-    Insist(after.starts_with(before) && after != before && after.ends_with("\r\n"),
-           "a record comes to the end");
-    Press({"Remove existing Quillet"});
-}
-
-/// The first Remove numbers all records anew, also those that did not count; from then on nothing changes any
-/// more.
-void Play() {
-    const Tables figures = TablesNow();
-    Press({"First", "View All", "Last"});
-    AllShapes.MouseUp(1, 0, 1000, 100);
     ChooseMenuItem(Form1, "Print");
     ChooseMenuItem(PrintShapes, "Show Solution");
-    AppendAndRemove();
-    const std::string plain = ReadText("fuzzed.qui");
-    const Tables known = TablesNow();
-    if (!Desktop.Ended) AppendAndRemove();
-    if (Desktop.Ended) return;
-    Insist(known.size() != figures.size() || known == figures, "the figures stay");
-    Insist(ReadText("fuzzed.qui") == plain && TablesNow() == known, "what comes and goes leaves no trace");
-    Desktop.Paths = {Game.AppPath + "copy.qui"};
-    ChooseMenuItem(Form1, "Save as");
-    Insist(ReadText("copy.qui") == plain, "a copy is a copy");
+    if (!Desktop.Ended) Insist(FaultOfCollection(ReadText("fuzzed.qui")).empty(), "the collection is whole");
 }
 
 /// Behind the letter s the input is a settings file, behind an r the records of a collection; else it is a
@@ -134,10 +102,10 @@ void Try(std::string text) {
     if (kind == 'r') text.replace(0, 1, ShippedHead);
     if (kind == 's')
         ReadAsSettings(text.substr(1));
-    else if (OpenCollectionOf(text) && Plays)
+    else if (!Plays)
+        ChangeText(text);
+    else if (OpenCollectionOf(text))
         Play();
-    else if (kind != 'r' && !Plays)
-        ReadAsPieceTable(text);
     Desktop.Calls.clear();
     Desktop.FileDialogs.clear();
 }

@@ -1,6 +1,11 @@
 // Open, Save as, Remove, Copy and Append: what they ask, what they write, and what they never lose.
 #include "files/quality_checks.h"
 #include "game_on_script.h"
+#include "platform/files.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
@@ -12,13 +17,26 @@ const std::string Cluster = "box A cluster of blocks appear isolated !/Proceed a
 const std::string Sparse = "box Quillet appears sparse; may be too easy to solve !/Append anyway ?" + Asks;
 const std::string Last = "box Append this Quillet to file:/QUILLET.qui ?" + Asks;
 const std::string TooLarge = "box Quillet is too wide or too tall; ";
+const std::string NotWritten = "box The file could not be written:/";
 
 class CollectionFilesTest : public RunningGame {
   protected:
+    ~CollectionFilesTest() override {
+        static_cast<void>(::seteuid(::getuid()));
+        fs::permissions(Folder, fs::perms::all);
+    }
+
+    /// From now on the game has no more rights than any player. The collection can be written.
+    void BecomeAPlayer(unsigned modeOfFolder) {
+        constexpr uid_t Nobody = 65534;
+        fs::permissions("QUILLET.qui", fs::perms(0666));
+        fs::permissions(Folder, fs::perms(modeOfFolder));
+        ASSERT_TRUE(::geteuid() != 0 || ::seteuid(Nobody) == 0);
+    }
+
     static std::string Collection() { return ReadText(Game.QuilletFile); }
     static std::string Append() { return CallsOfButton("Append existing Quillet"); }
     static std::string Remove() { return CallsOfButton("Remove existing Quillet"); }
-
     /// Chooses the path in the dialog of the menu item, and tells how that was asked.
     static std::string Choose(const char* item, const std::string& path) {
         Desktop.Paths = {path};
@@ -26,7 +44,15 @@ class CollectionFilesTest : public RunningGame {
         const OpenFileName& asked = Desktop.FileDialogs.back();
         EXPECT_EQ(std::tuple(asked.hwndOwner, asked.lpstrInitialDir, asked.lpstrTitle, asked.lpstrFile),
                   std::tuple(&FormMain, Game.AppPath, "Quillets", "*.qui" + std::string(249, ' ')));
+        EXPECT_EQ(std::tuple(asked.lStructSize, asked.nMaxFile, asked.nMaxFileTitle),
+                  std::tuple(76, 255, 255));
         return calls + " by " + asked.lpstrFilter + std::to_string(asked.Flags);
+    }
+    static std::string SaveAs(const std::string& path) {
+        const std::string calls = Choose("Save as", path);
+        const std::string before = "cue click2; cue click2; dialog save; ", after = " by *.qui4";
+        EXPECT_TRUE(calls.starts_with(before) && calls.ends_with(after)) << calls;
+        return calls.substr(before.size(), calls.size() - before.size() - after.size());
     }
 };
 
@@ -50,7 +76,8 @@ TEST_F(CollectionFilesTest, OpenLoadsAnotherFileForTheSamePiecesOrLeavesAllAsItW
         EXPECT_EQ(Choose("Open", path),
                   "cue click2; cue click2; dialog open" + calls + " by Quillet files4100");
     }
-    EXPECT_EQ(FormMain.Caption + Form1.TarQui.Caption, "File: " + In("other.quiQuillet (1 of 1)"));
+    EXPECT_EQ(FormMain.Caption, "File: " + In("other.qui"));
+    EXPECT_EQ(Form1.TarQui.Caption, "Quillet (1 of 1)");
     EXPECT_EQ(std::tuple(PlacesNow(), HomePlaces(), Board.Enabled), std::tuple(places, home, true));
 }
 
@@ -64,35 +91,68 @@ TEST_F(CollectionFilesTest, SaveAsGivesTheExtensionAsksBeforeItOverwritesAndCopi
         "box file:QUILLET.qui\r\nalready loaded and saved, use another filename to save as";
     const std::string asked =
         "box kept.qui/ file already exists, overwrite? [Yes, No] warning second by Quillets";
-    const std::tuple<const char*, const char*, std::string> cases[] = {
+    const std::string longest = std::string(251, 'n') + ".qui", tooLong = "n" + longest;
+    const std::tuple<std::string, std::string, std::string> cases[] = {
         {"set2", "set2.qui", copied + "set2.qui"},
         {"set3.b.txt", "set3.b.qui", copied + "set3.b.qui"},
+        {"set4.QUI", "set4.qui", copied + "set4.qui"},
         {"a.b/set", "a.qui", copied + "a.qui"}, // everything behind a folder's dot goes
         {"empty.qui", "empty.qui", copied + "empty.qui"},
         {"kept.qui", "kept.qui", asked},
         {"kept.qui", "kept.qui", asked + "; " + copied + "kept.qui"},
         {"quillet.qui", "quillet.qui", refused},
         {"link.qui", "link.qui", refused},
-        {"no/x.qui", "no/x.qui", "box The file could not be written:/no/x.qui/No such file or directory."}};
+        {longest, longest, copied + longest},
+        {tooLong, tooLong, NotWritten + tooLong + "/File name too long."},
+        {"no/x.qui", "no/x.qui", NotWritten + "no/x.qui/No such file or directory."}};
     for (const auto& [typed, saved, boxes] : cases) {
         const std::string before = ReadText(saved);
         Desktop.Answers = {boxes == asked ? BoxAnswer::No : BoxAnswer::Yes};
-        EXPECT_EQ(Choose("Save as", In(typed)),
-                  "cue click2; cue click2; dialog save; " + boxes + " by *.qui4");
+        EXPECT_EQ(SaveAs(In(typed)), boxes);
         EXPECT_EQ(ReadText(saved), boxes.ends_with(copied + saved) ? collection : before) << typed;
         EXPECT_EQ(Scene(), scene);
     }
+    EXPECT_EQ(Choose("Save as", ""), "cue click2; cue click2; dialog save by *.qui4") << "Cancel";
+    EXPECT_FALSE(fs::exists("*.qui"));
+}
+
+TEST_F(CollectionFilesTest, SaveAsKeepsLinksAndModesAndRefusesWhatItMayNotWrite) {
+    fs::create_directories("folder.qui");
+    fs::create_symlink("folder.qui/new", "dangling.qui");
+    ASSERT_EQ(::mkfifo("pipe.qui", 0666), 0);
+    for (const auto& [name, mode] : {std::pair("secret.qui", 0640), {"sealed.qui", 0}, {"fixed.qui", 0444}}) {
+        WriteText(name, "old");
+        fs::permissions(name, fs::perms(mode));
+    }
+    const std::string collection = Collection();
+    for (const char* name : {"secret.qui", "sealed.qui", "dangling.qui"}) {
+        SaveAs(In(name));
+        EXPECT_TRUE(ReadText(name) == collection || ::geteuid() != 0) << name;
+    }
+    EXPECT_EQ(fs::status("secret.qui").permissions(), fs::perms(0640));
+    EXPECT_EQ(fs::status("sealed.qui").permissions(), fs::perms(::geteuid() == 0 ? 0600 : 0));
+    EXPECT_EQ(fs::read_symlink("dangling.qui"), "folder.qui/new");
+    EXPECT_EQ(SaveAs(In("folder.qui")), NotWritten + "folder.qui/Is a directory.");
+    EXPECT_EQ(SaveAs(In("pipe.qui")), NotWritten + "pipe.qui/it is not a file.");
+    BecomeAPlayer(0777);
+    EXPECT_TRUE(SaveAs(In("fixed.qui")).ends_with(NotWritten + "fixed.qui/Permission denied."));
+    EXPECT_EQ(ReadText("fixed.qui"), "old");
+    fs::remove("QUILLET.qui");
+    EXPECT_EQ(SaveAs(In("set.qui")),
+              "box The file could not be read:/QUILLET.qui/No such file or directory.");
+    EXPECT_FALSE(fs::exists("set.qui"));
 }
 
 TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletNumbersTheOthersAnewAndKeepsTheHeadByteForByte) {
-    const std::string text = Replaced(ShippedHead, "\r", ""), // other line ends, and blanks at the free field
-        head = text.substr(0, text.rfind('\n', text.size() - 2) + 1), first = Records(1, "1,0,0", "1,1,1");
+    const std::string text = Replaced(ShippedHead, "\r", ""); // other line ends, and blanks at the free field
+    const std::string head = text.substr(0, text.rfind('\n', text.size() - 2) + 1);
+    const std::string first = Records(1, "1,0,0", "1,1,1");
     WriteText("QUILLET.qui", head + "  figures  \n" + first + Records(1, "7,0,0", "2,2,2")
-                                 + Records(1, "3,0,0", "3,3,3") + Records(1, "-4,0,0", "4,4,4")
+                                 + Records(1, "3,0,0", "3,3,3") + Records(1, "-4,0.5,0", "4,4,4")
                                  + Records(1, "5,0,0", "5,5,5") + "\r\n");
     ASSERT_TRUE(Start());
     const std::string content = head + "figures\r\n" + first + Records(1, "2,0,0", "3,3,3")
-                                + Records(1, "3,0,0", "4,4,4"); // the one passed over has a number now
+                                + Records(1, "3,0.5,0", "4,4,4"); // the one passed over has a number now
     SelectQuillet(2);
     Desktop.Answers = {BoxAnswer::No};
     for (const std::string& left : {Collection(), content + Records(1, "4,0,0", "5,5,5")}) {
@@ -103,36 +163,39 @@ TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletNumbersTheOthersAnewAndKee
     EXPECT_EQ(ReadText("QuiFile.tmp"), Collection());
     SelectQuillet(4);
     Remove();
-    EXPECT_EQ(Collection() + Form1.TarQui.Caption, content + "Quillet (3 of 3)");
+    EXPECT_EQ(Collection(), content);
+    EXPECT_EQ(Form1.TarQui.Caption, "Quillet (3 of 3)");
     ExpectCleanPicture();
-    StartWith(Records(1));
-    Remove(), Remove();
-    EXPECT_EQ(Collection() + Form1.TarQui.Caption, ShippedHead + "Quillet (0 of 0)");
-    EXPECT_EQ(Append(), "cue click2; " + Isolated + Last + Focus); // the pieces at home
-    EXPECT_TRUE(CallsOf([] { DragTo(0, Game.PieceX[0] + 2, Game.PieceY[0]); }).starts_with("cue clap4"));
+}
+
+TEST_F(CollectionFilesTest, TheOnlyQuilletIsRemovedAndTheEmptyCollectionTakesAnother) {
     StartWith(FiveFigures.substr(0, FiveFigures.find('\n') + 1));
     Remove();
-    SelectQuillet(1), CallsOfButton("Copy");
+    EXPECT_EQ(Collection(), ShippedHead);
+    EXPECT_EQ(Form1.TarQui.Caption, "Quillet (0 of 0)");
+    EXPECT_EQ(Append(), "cue click2; " + Isolated + Last + Focus) << "the pieces at home";
+    EXPECT_TRUE(CallsOf([] { DragTo(0, Game.PieceX[0] + 2, Game.PieceY[0]); }).starts_with("cue clap4"));
+    Remove();
+    SelectQuillet(1);
+    CallsOfButton("Copy");
     const Places none = PlacesNow();
     EXPECT_EQ(std::ranges::count(none, none[0]), PieceCount) << "of what was removed nothing is left";
 }
 
 TEST_F(CollectionFilesTest, CopiedAppendedAndRemovedEveryFigureComesBackTheSame) {
     StartWith(Shipped.substr(ShippedHead.size(), Shipped.size() - ShippedHead.size() - 2)); // no last end
-    const std::string before = Shipped;
     const int last = NearestInt32(Game.QuilletCount) + 1;
-    const std::string appended = before + std::to_string(last) + ",60,60,";
-    const std::string asked = "cue click2; " + Last + Focus;
+    const std::string appended = Shipped + std::to_string(last) + ",60,60,";
     for (int q = 1; q < last; ++q) {
         SelectQuillet(q);
         EXPECT_EQ(CallsOfButton("Copy"), "cue whoosh1; " + Focus);
         const Places places = PlacesNow();
-        ASSERT_EQ(Append(), asked) << q;
+        ASSERT_EQ(Append(), "cue click2; " + Last + Focus) << q;
         EXPECT_TRUE(Collection().starts_with(appended));
         LaySolution(50, 50);
         EXPECT_EQ(PlacesNow(), places);
         Remove();
-        ASSERT_EQ(Collection(), before);
+        ASSERT_EQ(Collection(), Shipped);
     }
 }
 
@@ -156,9 +219,8 @@ TEST_F(CollectionFilesTest, AppendRefusesWarnsAndAsksInThisOrderAndCancelLeavesN
         const std::string before = Collection() + Scene();
         Desktop.Answers.assign(yes, BoxAnswer::Ok);
         if (boxes != TooLarge) Desktop.Answers.push_back(BoxAnswer::Cancel);
-        std::string asked = "cue click2; ";
-        asked.append(boxes).append(Focus);
-        EXPECT_EQ(Append(), asked) << width << " by " << height;
+        EXPECT_EQ(Append(), std::string("cue click2; ").append(boxes).append(Focus))
+            << width << " by " << height;
         EXPECT_EQ(Collection() + Scene(), before);
     }
     Desktop.WhileModal = nullptr;
@@ -169,7 +231,7 @@ TEST_F(CollectionFilesTest, AppendRefusesWarnsAndAsksInThisOrderAndCancelLeavesN
     EXPECT_EQ(Append(), "cue click2; " + Cluster + Last + Focus);
 }
 
-TEST_F(CollectionFilesTest, TouchingReachesThreePixels) {
+TEST_F(CollectionFilesTest, TouchingReachesThreePixelsAndGoesOnFromPieceToPiece) {
     for (const auto& [gap, shift, touching] :
          {std::tuple(2, 0, true), {3, 0, false}, {2, 40, true}, {2, 60, false}}) {
         Places places;
@@ -180,24 +242,43 @@ TEST_F(CollectionFilesTest, TouchingReachesThreePixels) {
         Lay(places);
         EXPECT_EQ(TouchingPieces(Square) + " and" + TouchingPieces(0), touching ? " 0 and 3" : " and");
     }
+    const TouchLists chain = Mutual({"", " 0", " 1", " 2", " 3", " 4", " 5"});
+    EXPECT_EQ(chain, (TouchLists{" 1", " 0 2", " 1 3", " 2 4", " 3 5", " 4 6", " 5"}));
+    EXPECT_EQ(Connection(chain), AllConnected);
+    EXPECT_EQ(Connection(Mutual({" 1", "", " 3", "", "", " 4", " 5"})), InGroups);
+    EXPECT_EQ(Connection(Mutual({" 1", "", "", " 4", "", "", " 1"})), 2) << "the first of two alone";
+    EXPECT_EQ(Percentage(24, 97), 19) << "24 of 121 pixels";
+    EXPECT_EQ(Percentage(99, 0), 99) << "never 100";
 }
 
-TEST_F(CollectionFilesTest, FailuresAreToldWithFileAndReasonAndLeaveTheCollection) {
-    const std::string text = Collection();
-    const std::string removing = "box Remove this Quillet ( 1) ? [Yes, No] by Quillets; "
-                                 "box The Quillet was not removed from the file:/QUILLET.qui/";
-    fs::remove("QUILLET.qui");
-    EXPECT_EQ(Append(), "cue click2; " + Isolated + Last
-                            + "box The Quillet was not appended to the file:/QUILLET.qui/"
-                              "No such file or directory.; "
-                            + Focus);
-    WriteText("QUILLET.qui", text + "oops");
-    EXPECT_EQ(Remove(), removing + "Line 71: a record has 24 numbers.; " + Focus);
-    EXPECT_EQ(Collection(), text + "oops");
-    WriteText("QuiFile.tmp", text); // opened as the collection, it is spared
+TEST_F(CollectionFilesTest, ACollectionThatBecameGarbageIsLeftAloneAndNoBoxHoldsTheFile) {
+    const std::string garbage = Collection() + "oops", fault = "Line 71: a record has 24 numbers.; " + Focus;
+    Desktop.WhileModal = [] {
+        std::string content;
+        EXPECT_EQ(ReadFile("QUILLET.qui", 1 << 20, content), "") << Desktop.Boxes.back().Text;
+    };
+    WriteText("QUILLET.qui", garbage);
+    EXPECT_TRUE(Append().ends_with("box The Quillet was not appended to the file:/QUILLET.qui/" + fault));
+    EXPECT_TRUE(Remove().ends_with("box The Quillet was not removed from the file:/QUILLET.qui/" + fault));
+    EXPECT_EQ(Collection(), garbage);
+    WriteText("QuiFile.tmp", ShippedHead + FiveFigures);
     Game.QuilletFile = In("QuiFile.tmp");
-    EXPECT_NE(Remove().find("Remove itself"), text.npos);
-    EXPECT_EQ(Collection(), text);
+    EXPECT_NE(Remove().find("Remove itself"), std::string::npos);
+    EXPECT_EQ(Collection(), ShippedHead + FiveFigures);
+}
+
+TEST_F(CollectionFilesTest, InAFolderThatMayNotBeWrittenTheFileIsChangedInPlaceOrKept) {
+    const std::string text = Collection();
+    BecomeAPlayer(0555);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit tight{text.size() + 20, RLIM_INFINITY}, wide{RLIM_INFINITY, RLIM_INFINITY};
+    ::setrlimit(RLIMIT_FSIZE, &tight);
+    EXPECT_TRUE(Append().ends_with("/QUILLET.qui/the file is too large.; " + Focus));
+    EXPECT_EQ(Collection(), text) << "a part of the record was written and taken away again";
+    ::setrlimit(RLIMIT_FSIZE, &wide);
+    EXPECT_TRUE(Append().ends_with(Last + Focus));
+    EXPECT_TRUE(Collection().starts_with(text + "6,"));
+    EXPECT_TRUE(Remove().ends_with("/QUILLET.qui/QuiFile.tmp: Permission denied.; " + Focus));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // Collection files, right and wrong: what is scaled how, what is passed over, and which fault is told.
+#include "files/collection_format.h"
 #include "files/collection_reader.h"
 #include "game_on_script.h"
 
@@ -17,6 +18,10 @@ class CollectionReaderTest : public GameTest {
     std::string StartOn(const std::string& text) {
         WriteText(In("QUILLET.qui"), text);
         return CallsOf([&] { Start(); });
+    }
+
+    static std::tuple<Number, Number, Number> PlaceOf(int piece, std::size_t quillet) {
+        return {Game.SolTurn[piece][quillet], Game.SolX[piece][quillet], Game.SolY[piece][quillet]};
     }
 
     const std::string Shown = "show Form1; show FormMain";
@@ -39,43 +44,50 @@ TEST_F(CollectionReaderTest, ARowIsScaledByItsUnitAndItsShiftsAndTheStartCellsBy
     EXPECT_EQ(std::pair(Game.HomeX[0], Game.HomeY[0]), std::pair(64., 151.));
 }
 
-TEST_F(CollectionReaderTest, TheShippedShapesAreTheSevenPiecesAndTurnInTheirPlace) {
-    EXPECT_EQ(StartOn(ShippedHead), Shown);
-    const double areas[] = {8, 8, 2, 4, 2, 4, 4}; // in squares of half a side
-    for (int p = 0; p < PieceCount; ++p) {
-        const int turns = p == Square ? 2 : 8;
-        Vertex shift;
-        for (int step = 1; step <= turns; ++step) {
-            const auto turn = static_cast<std::size_t>(step % turns);
-            shift = {NearestInt32(shift.X + Game.TurnShiftX[p][turn]), shift.Y + Game.TurnShiftY[p][turn]};
-            const auto x = [&](std::size_t corner) { return Game.PieceShape[2 * (corner % 4) + 1][p][turn]; };
-            const auto y = [&](std::size_t corner) { return Game.PieceShape[2 * (corner % 4) + 2][p][turn]; };
-            double area = 0, right = 0, bottom = 0;
-            for (std::size_t corner = 0; corner < 4; ++corner) {
-                area += (x(corner) * y(corner + 1) - x(corner + 1) * y(corner)) / 2.;
-                right = std::max<double>(right, x(corner)), bottom = std::max<double>(bottom, y(corner));
-            }
-            EXPECT_NEAR(std::abs(area) / 24 / 24, areas[p], 0.03) << p << " turn " << turn;
-            EXPECT_EQ(std::pair(right, bottom),
-                      std::pair(Game.PieceWidth[p][turn], Game.PieceHeight[p][turn]));
-        }
-        EXPECT_EQ(shift, (Vertex{0, 0})) << p;
-    }
-}
-
 TEST_F(CollectionReaderTest, RecordsCountInFileOrderFromTheirCornersAndThoseNotAboveZeroAreSkipped) {
     EXPECT_EQ(StartOn(ShippedHead + Records(1, "7,60,70", "1,61,75") + "\r\n \n"
                       + Records(1, "0,0,0", "2,2,2") + Records(1, "9,59.25,2.5", "3,60,5")
                       + Records(1, "-3,0,0", "4,4,4") + Records(1, "0.5,-7,1.5", "5,0,5")),
               Shown);
     EXPECT_EQ(Game.QuilletCount, 3);
-    const auto place = [](int piece, std::size_t q) {
-        return std::tuple(Game.SolTurn[piece][q], Game.SolX[piece][q], Game.SolY[piece][q]);
-    };
-    EXPECT_EQ(place(0, 1), std::tuple(1, 1, 5));
-    EXPECT_EQ(place(6, 1), std::tuple(0, -60, -70));
-    EXPECT_EQ(place(0, 2), std::tuple(3, 0.75, 2)); // 2.5 and 3.5: ties to even
-    EXPECT_EQ(place(0, 3), std::tuple(5, 7, 4));
+    EXPECT_EQ(PlaceOf(0, 1), std::tuple(1, 1, 5));
+    EXPECT_EQ(PlaceOf(6, 1), std::tuple(0, -60, -70));
+    EXPECT_EQ(PlaceOf(0, 2), std::tuple(3, 0.75, 2)); // 2.5 and 3.5: ties to even
+    EXPECT_EQ(PlaceOf(0, 3), std::tuple(5, 7, 4));
+}
+
+TEST_F(CollectionReaderTest, FiveHundredLoadToTheLastAndOneMoreEndsTheProgram) {
+    const std::string full = ShippedHead + Records(499) + Records(1, "7,60,70", "3,61,75");
+    EXPECT_EQ(StartOn(full), Shown);
+    EXPECT_EQ(Game.QuilletCount, MostQuillets);
+    EXPECT_EQ(PlaceOf(0, MostQuillets), std::tuple(3, 1, 5));
+    EXPECT_EQ(StartOn(full + Records(1)), "box Cannot handle more than 500 Quillets; end");
+}
+
+TEST_F(CollectionReaderTest, ACollectionCutShortAnywhereIsRefusedAtItsLastLineUnlessAllOfThatIsThere) {
+    const std::string text = ShippedHead + FiveFigures;
+    for (std::size_t length = 0; length <= text.size(); ++length) {
+        const std::string part = text.substr(0, length), last = part.substr(part.rfind('\n') + 1);
+        const std::ptrdiff_t line = std::ranges::count(part, '\n') + 1,
+                             commas = std::ranges::count(last, ',');
+        const bool ends = last.empty() || last == "\r", whole = commas == 23 && last.back() != ',';
+        const std::string fault = FaultOfCollection(part), place = "Line " + std::to_string(line) + ": ";
+        if (line > 65 ? ends || whole : line == 65 && !ends)
+            EXPECT_EQ(fault, "") << length;
+        else
+            EXPECT_EQ(fault.substr(0, place.size()), place) << length;
+    }
+}
+
+TEST_F(CollectionReaderTest, AtTheStartTheMessageNamesTheFileOfTheLastRemoveIfThatIsWhole) {
+    const std::string fault =
+        "box Quillet shapes file cannot be read:/QUILLET.qui/Line 66: a record has 24 numbers.";
+    for (const std::string& rescue : {ShippedHead + "1,2,3\r\n", ShippedHead + Records(1)}) {
+        WriteText("QuiFile.tmp", rescue);
+        const std::string hint = "/What the last Remove wrote is whole, in the file:/QuiFile.tmp";
+        EXPECT_EQ(StartOn(ShippedHead + "oops"),
+                  fault + (rescue.ends_with("1,2,3\r\n") ? "" : hint) + "; end");
+    }
 }
 
 TEST_F(CollectionReaderTest, AMalformedFileIsRefusedWithItsLineAndFaultAndTheTablesStay) {
