@@ -22,7 +22,7 @@ const std::string NotWritten = "box The file could not be written:/";
 class CollectionFilesTest : public RunningGame {
   protected:
     ~CollectionFilesTest() override {
-        static_cast<void>(::seteuid(::getuid()));
+        EXPECT_EQ(::seteuid(::getuid()), 0);
         fs::permissions(Folder, fs::perms::all);
     }
 
