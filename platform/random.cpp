@@ -1,8 +1,8 @@
 // The random generator: its 24 highest bits fill the fraction of a single-precision number.
 #include "platform/random.h"
 
-#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <random>
 
 namespace {
@@ -10,7 +10,10 @@ std::mt19937 Generator;
 }
 
 void Randomize(float seed) {
-    Generator.seed(std::bit_cast<std::uint32_t>(seed));
+    static_assert(sizeof(float) == sizeof(std::uint32_t));
+    std::uint32_t bits = 0;
+    std::memcpy(&bits, &seed, sizeof bits);
+    Generator.seed(bits);
 }
 
 float Rnd() {
