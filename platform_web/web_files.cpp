@@ -1,0 +1,127 @@
+// Files of the folder, in memory and in the browser's storage. A change is stored before it is made in
+// memory, and the task that makes it waits for that: so memory never knows more than the storage.
+#include "platform_web/web_files.h"
+
+#include "platform/files.h"
+#include "platform_web/page.h"
+#include "platform_web/tasks.h"
+
+#include <limits>
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace {
+
+std::map<std::string, std::string> Folder;
+std::optional<FileError> StoredError;
+bool HandsOut = false;
+
+/// The files that are open to be changed, by their handles.
+std::vector<std::string> OpenFiles;
+
+std::string NameIn(const std::string& path) {
+    return path.substr(path.rfind(PathSeparator) + 1);
+}
+
+const std::string* Find(const std::string& path) {
+    const auto found = Folder.find(NameIn(path));
+    return found == Folder.end() ? nullptr : &found->second;
+}
+
+FileError Store(const std::string& path, std::string content) {
+    StoredError.reset();
+    PageStore(NameIn(path).c_str(), content.data(), static_cast<int>(content.size()));
+    WaitUntil([] { return StoredError.has_value(); });
+    if (StoredError->empty()) Folder[NameIn(path)] = std::move(content);
+    return *StoredError;
+}
+
+} // namespace
+
+std::string& FileOfFolder(const std::string& name) {
+    return Folder[name];
+}
+
+std::vector<std::string> NamesEndingIn(const std::string& ending) {
+    std::vector<std::string> names;
+    for (const auto& [name, content] : Folder)
+        if (name.ends_with(ending)) names.push_back(name);
+    return names;
+}
+
+std::string FreeName(const std::string& name, const std::string& content) {
+    const std::size_t dot = name.rfind('.');
+    std::string free = name;
+    for (int number = 2; Find(free) && *Find(free) != content; ++number)
+        free = name.substr(0, dot) + " " + std::to_string(number) + name.substr(dot);
+    return free;
+}
+
+void HandOutNextFile(bool handOut) {
+    HandsOut = handOut;
+}
+
+void TakeStored(const std::string& error) {
+    StoredError = error;
+}
+
+std::int32_t FileLength(const std::string& path) {
+    const std::string* content = Find(path);
+    return content ? static_cast<std::int32_t>(content->size()) : 0;
+}
+
+bool HoldsSomething(const std::string& path) {
+    return FileLength(path) > 0;
+}
+
+FileError ReadFile(const std::string& path, std::size_t limit, std::string& content) {
+    content.clear();
+    const std::string* found = Find(path);
+    if (!found) return "there is no such file";
+    if (found->size() > limit) return "the file is too large";
+    content = *found;
+    return {};
+}
+
+FileError ReplaceFile(const std::string& path, const std::string& content) {
+    FileError error = Store(path, content);
+    if (error.empty() && std::exchange(HandsOut, false))
+        PageHandOut(NameIn(path).c_str(), content.data(), static_cast<int>(content.size()));
+    return error;
+}
+
+FileError AppendToFile(const std::string& path, const std::string& text) {
+    LockedFile file(path);
+    return file.Error().empty() ? file.Append(text) : file.Error();
+}
+
+bool SameFile(const std::string& one, const std::string& other) {
+    return Find(one) && Find(one) == Find(other);
+}
+
+LockedFile::LockedFile(const std::string& path, WhenMissing missing)
+    : Handle_(static_cast<int>(OpenFiles.size())) {
+    OpenFiles.push_back(path);
+    if (missing == WhenMissing::Fails && !Find(path)) Error_ = "there is no such file";
+}
+
+LockedFile::~LockedFile() {
+    OpenFiles.pop_back();
+}
+
+FileError LockedFile::Read(std::size_t limit, std::string& content) {
+    return ReadFile(OpenFiles[static_cast<std::size_t>(Handle_)], limit, content);
+}
+
+FileError LockedFile::Overwrite(const std::string& content) {
+    return Store(OpenFiles[static_cast<std::size_t>(Handle_)], content);
+}
+
+FileError LockedFile::Append(const std::string& text) {
+    const std::string& path = OpenFiles[static_cast<std::size_t>(Handle_)];
+    const std::string* before = Find(path);
+    const std::string old = before ? *before : "";
+    const char last = old.empty() ? '\n' : old.back();
+    return Store(path, old + (last == '\n' ? "" : last == '\r' ? "\n" : "\r\n") + text);
+}
