@@ -1,4 +1,4 @@
-// Forms and questions in the words of JSON, for the page.
+// Forms in the words of JSON, for the page.
 #pragma once
 
 #include "platform/forms.h"
@@ -6,29 +6,48 @@
 #include <string>
 #include <vector>
 
-/// Writes one object. Names are ours and plain; texts are escaped, and their line breaks are one character.
-class Description {
-  public:
-    Description& Text(const char* name, const std::string& text);
-    Description& Texts(const char* name, const std::vector<std::string>& texts);
-    Description& Number(const char* name, double number);
-    Description& Flag(const char* name, bool flag);
-    /// A record of the game, by its address.
-    Description& Record(const char* name, const void* record);
-    Description& Objects(const char* name, const std::vector<std::string>& objects);
-    /// The whole object.
-    std::string Whole() const { return "{" + Members + "}"; }
+/// Line breaks of any kind are one character there.
+std::string Json(const std::string& text);
+std::string Json(double number);
+/// A record is known by its address, in both directions.
+inline std::string Json(const void* record) {
+    return Json(static_cast<double>(reinterpret_cast<std::uintptr_t>(record)));
+}
 
-  private:
-    void Name(const char* name);
+template <typename Item>
+std::string Json(const std::vector<Item>& items);
+
+/// One object, member by member.
+struct JsonObject {
     std::string Members;
+    template <typename Value>
+    JsonObject& operator()(const char* name, const Value& value) {
+        Members.append(Members.empty() ? "\"" : ",\"").append(name).append("\":").append(Json(value));
+        return *this;
+    }
 };
+inline std::string Json(const JsonObject& object) {
+    return '{' + object.Members + '}';
+}
+
+template <typename Item>
+std::string Json(const std::vector<Item>& items) {
+    std::string text = "[";
+    for (const Item& item : items) text += (text.size() > 1 ? "," : "") + Json(item);
+    return text + ']';
+}
+
+/// Visits all controls, those in frames as well.
+template <typename Visitor>
+void EachControl(const std::vector<ControlRef>& controls, const Visitor& visitor) {
+    for (const ControlRef& ref : controls) {
+        std::visit([&](auto* control) { visitor(*control); }, ref);
+        if (Frame* const* frame = std::get_if<Frame*>(&ref)) EachControl((*frame)->Controls, visitor);
+    }
+}
 
 /// Whole pixels, as every desktop places controls.
 int PixelsOf(float twips);
 
 /// All that the page has to know of a form but the pixels of its surfaces.
 std::string DescriptionOf(const Form& form, bool modal);
-
-/// The pictures among the controls, those in frames as well.
-std::vector<Picture*> PicturesIn(const std::vector<ControlRef>& controls);

@@ -2,144 +2,114 @@
 // descriptions.
 #include "platform/desktop.h"
 #include "platform/scaled_surface.h"
-#include "platform_web/letter.h"
+#include "platform_web/description.h"
 #include "platform_web/tasks.h"
 #include "platform_web/web_desktop.h"
-#include "platform_web/web_files.h"
 
 #include <emscripten.h>
-#include <vector>
 
 namespace {
 
 enum class Deed { Down, Move, Up };
 
-/// What the player does with the mouse on a picture, and what is no move of play: the pointer's own moves and
-/// the press that takes a piece up.
-void DeliverMouse(Form& form, Picture& picture, Deed deed, MouseHandler handler, std::int16_t button,
-                  std::int16_t shift, float x, float y) {
-    const auto call = [=] { handler(button, shift, x, y); };
-    const bool turns = deed == Deed::Down && button == 2, drops = deed == Deed::Up && button == 1;
-    if (turns || drops)
-        DeliverPlay(form, picture, call);
-    else if (deed == Deed::Move)
-        DeliverUnseen(form, call);
-    else
-        Deliver(form, call);
+/// Visits the form's record of that address: its own, or that of a control.
+template <typename Visitor>
+void AtRecord(Form& form, const void* address, const Visitor& visitor) {
+    if (address == &form) visitor(form);
+    EachControl(form.Controls, [&](auto& control) {
+        if (address == &control && control.Enabled) visitor(control);
+    });
+}
+
+template <typename Record>
+MouseHandler HandlerOf(const Record& record, Deed deed) {
+    if constexpr (requires { record.MouseDown; })
+        if (deed == Deed::Down) return record.MouseDown;
+    if constexpr (requires { record.MouseMove; })
+        if (deed == Deed::Move) return record.MouseMove;
+    if constexpr (requires { record.MouseUp; })
+        if (deed == Deed::Up) return record.MouseUp;
+    return nullptr;
+}
+
+char* Room(std::string& text, int size) {
+    text.assign(static_cast<std::size_t>(size), '\0');
+    return text.data();
 }
 
 } // namespace
 
 extern "C" {
 
-/// Room for a text of so many bytes, which the page fills before its next call.
+/// Rooms for a text, for the file that it names, and for a file of the player's own; the page fills them.
 EMSCRIPTEN_KEEPALIVE char* RoomForLetter(int size) {
-    Letter.assign(static_cast<std::size_t>(size), '\0');
-    return Letter.data();
+    return Room(Letter, size);
 }
-
-/// Room for the content of the file that the letter names.
 EMSCRIPTEN_KEEPALIVE char* RoomForFile(int size) {
-    std::string& content = FileOfFolder(Letter);
-    content.assign(static_cast<std::size_t>(size), '\0');
-    return content.data();
+    return Room(FileOfFolder(Letter), size);
 }
-
-/// Room for a file of the player's own, which the letter names in the answer to come.
 EMSCRIPTEN_KEEPALIVE char* RoomForOffer(int size) {
-    OfferedFile.assign(static_cast<std::size_t>(size), '\0');
-    return OfferedFile.data();
+    return Room(OfferedFile, size);
 }
 
-EMSCRIPTEN_KEEPALIVE void MouseOnPicture(Form* form, Picture* picture, int deed, int button, int shift,
-                                         float x, float y) {
-    const MouseHandler handlers[] = {picture->MouseDown, picture->MouseMove, picture->MouseUp};
-    if (!picture->Enabled || !handlers[deed]) return;
-    DeliverMouse(*form, *picture, static_cast<Deed>(deed), handlers[deed], static_cast<std::int16_t>(button),
-                 static_cast<std::int16_t>(shift), x, y);
-}
-
-EMSCRIPTEN_KEEPALIVE void MouseOnForm(Form* form, int deed, int button, int shift, float x, float y) {
-    const MouseHandler handlers[] = {nullptr, form->MouseMove, form->MouseUp};
-    if (const MouseHandler handler = handlers[deed])
-        Deliver(*form, [=] {
-            handler(static_cast<std::int16_t>(button), static_cast<std::int16_t>(shift), x * TwipsPerPixelX(),
-                    y * TwipsPerPixelY());
-        });
-}
-
-EMSCRIPTEN_KEEPALIVE void MouseOnLabel(Form* form, Label* label, int deed, int button, int shift, float x,
-                                       float y) {
-    if (static_cast<Deed>(deed) == Deed::Up && label->MouseUp)
-        Deliver(*form, [=] {
-            label->MouseUp(static_cast<std::int16_t>(button), static_cast<std::int16_t>(shift), x, y);
-        });
-}
-
-EMSCRIPTEN_KEEPALIVE void MouseOnText(Form* form, TextBox* text, int deed, int button, int shift, float x,
-                                      float y) {
-    if (static_cast<Deed>(deed) == Deed::Down && text->MouseDown)
-        Deliver(*form, [=] {
-            text->MouseDown(static_cast<std::int16_t>(button), static_cast<std::int16_t>(shift), x, y);
-        });
+EMSCRIPTEN_KEEPALIVE void Mouse(Form* form, const void* address, int deed, std::int16_t button,
+                                std::int16_t shift, float x, float y) {
+    const bool moves = static_cast<Deed>(deed) == Deed::Move;
+    const auto unit = static_cast<float>(address == form ? TwipsPerPixelX() : 1);
+    AtRecord(*form, address, [&](auto& record) {
+        if (const MouseHandler handler = HandlerOf(record, static_cast<Deed>(deed)))
+            Deliver(*form, moves ? EventKind::Unseen : EventKind::Plain,
+                    [=] { handler(button, shift, x * unit, y * unit); });
+    });
 }
 
 /// The mouse went elsewhere for good.
 EMSCRIPTEN_KEEPALIVE void MouseLost() {
-    TakeMouse();
+    RunTask([] {
+        LoseMouse();
+        ShowAll();
+    });
 }
 
-/// Shows what moves of the mouse have changed; a page tells of many between two pictures.
 EMSCRIPTEN_KEEPALIVE void ShowMoves() {
-    ShowAll();
+    RunTask(ShowAll);
 }
 
-EMSCRIPTEN_KEEPALIVE void KeyOnPicture(Form* form, Picture* picture, int code, int shift) {
-    if (!picture->Enabled || !picture->KeyDown) return;
-    const auto call = [=, key = static_cast<std::int16_t>(code)]() mutable {
-        picture->KeyDown(key, static_cast<std::int16_t>(shift));
-    };
-    constexpr int Shift = 16, Alt = 18;
-    if (code >= Shift && code <= Alt)
-        Deliver(*form, call);
-    else
-        DeliverPlay(*form, *picture, call);
+EMSCRIPTEN_KEEPALIVE void Key(Form* form, const void* address, std::int16_t code, std::int16_t shift) {
+    AtRecord(*form, address, [&](auto& record) {
+        if constexpr (requires { record.KeyDown; })
+            if (const KeyHandler handler = record.KeyDown)
+                Deliver(*form, EventKind::Plain, [=, key = code]() mutable { handler(key, shift); });
+    });
 }
 
-EMSCRIPTEN_KEEPALIVE void KeyOnForm(Form* form, int code, int shift) {
-    if (form->KeyDown)
-        Deliver(*form, [=, key = static_cast<std::int16_t>(code)]() mutable {
-            form->KeyDown(key, static_cast<std::int16_t>(shift));
-        });
+/// A button or a menu item.
+EMSCRIPTEN_KEEPALIVE void Press(Form* form, const void* address) {
+    AtRecord(*form, address, [&](auto& record) {
+        if constexpr (requires { record.Pressed; })
+            Deliver(*form, EventKind::Command, [&record] { record.Pressed(record.Index); });
+        if constexpr (requires { record.Click; }) Deliver(*form, EventKind::Command, record.Click);
+    });
+    for (const Menu& menu : form->Menus)
+        for (const MenuItem& item : menu.Items)
+            if (address == &item && item.Click) Deliver(*form, EventKind::Command, item.Click);
 }
 
-EMSCRIPTEN_KEEPALIVE void PressTile(Form* form, TileButton* button) {
-    if (button->Pressed) DeliverCommand(*form, [=] { button->Pressed(button->Index); });
-}
-
-EMSCRIPTEN_KEEPALIVE void PressButton(Form* form, CommandButton* button) {
-    if (button->Click) DeliverCommand(*form, button->Click);
-}
-
-EMSCRIPTEN_KEEPALIVE void ChooseItem(Form* form, MenuItem* item) {
-    if (item->Click) DeliverCommand(*form, item->Click);
-}
-
-EMSCRIPTEN_KEEPALIVE void Scroll(Form* form, ScrollBar* bar, int value) {
+EMSCRIPTEN_KEEPALIVE void Scroll(Form* form, ScrollBar* bar, std::int16_t value) {
     if (value == bar->Value) return;
-    Deliver(*form, [=] {
-        bar->Value = static_cast<std::int16_t>(value);
+    Deliver(*form, EventKind::Plain, [=] {
+        bar->Value = value;
         if (bar->Change) bar->Change();
     });
 }
 
-/// The player has turned to the pane.
 EMSCRIPTEN_KEEPALIVE void Activate(Form* form) {
     TurnTo(*form);
 }
 
 EMSCRIPTEN_KEEPALIVE void Close(Form* form) {
-    DeliverCommand(*form, [=] { form->CloseRequest ? form->CloseRequest() : UnloadForm(*form); });
+    Deliver(*form, EventKind::Command,
+            [=] { form->CloseRequest ? form->CloseRequest() : UnloadForm(*form); });
 }
 
 EMSCRIPTEN_KEEPALIVE void Moved(Form* form, int x, int y) {
@@ -151,7 +121,7 @@ EMSCRIPTEN_KEEPALIVE void Moved(Form* form, int x, int y) {
 EMSCRIPTEN_KEEPALIVE void Resized(Form* form, int width, int height) {
     Resize(*form, static_cast<float>(width * TwipsPerPixelX()) + FrameWidth(form->Border),
            static_cast<float>(height * TwipsPerPixelY()) + FrameHeight(form->Border));
-    if (form->Resized) Deliver(*form, form->Resized);
+    if (form->Resized) Deliver(*form, EventKind::Plain, form->Resized);
 }
 
 /// The player has followed a link to the address in the letter.
@@ -161,6 +131,7 @@ EMSCRIPTEN_KEEPALIVE void FollowLink(WebBrowser* browser) {
 
 EMSCRIPTEN_KEEPALIVE void Answer(int button) {
     TakeAnswer(button);
+    ResumeTasks();
 }
 
 /// A letter tells why the file could not be stored.

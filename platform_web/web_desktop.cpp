@@ -4,23 +4,16 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform_web/description.h"
-#include "platform_web/letter.h"
-#include "platform_web/page.h"
 #include "platform_web/tasks.h"
-#include "platform_web/web_files.h"
 
 #include <algorithm>
 #include <map>
 #include <optional>
 #include <utility>
 
-std::string Letter;
-std::string OfferedFile;
+std::string Letter, OfferedFile;
 
 namespace {
-
-/// Which rows of a surface are to be shown: those refreshed, or all that were drawn on.
-enum class ShownRows { Due, Changed };
 
 /// What the page has of a form.
 struct Pane {
@@ -29,22 +22,25 @@ struct Pane {
     std::map<const Surface*, Surface> Pictures;
 };
 
-std::vector<Form*> Loaded;
-std::map<Form*, Pane> Panes;
-/// What holds all other forms up, the latest last; a null stands for a question.
-std::vector<Form*> Modals;
-std::optional<int> Answered;
-Form* LastActive = nullptr;
-
+/// The pages that a browser has shown, and which of them it shows.
 struct History {
     std::vector<std::string> Addresses;
     std::size_t Shown = 0;
 };
+
+std::vector<Form*> Loaded;
+std::map<Form*, Pane> Panes;
+/// What holds up all other forms, the latest last; a null stands for a question.
+std::vector<Form*> Modals;
+std::optional<int> Answered;
+Form* LastActive = nullptr;
 std::map<const WebBrowser*, History> Histories;
+
+/// Which rows of a surface are to be shown: those refreshed, or all that were drawn on.
+enum class ShownRows { Due, Changed };
 
 /// Most of what a drag draws anew looks as it did: the rows at either end that do are left out.
 RowRange WithoutSame(const Surface& image, const Surface& shown, RowRange rows) {
-    if (image.Width() != shown.Width() || image.Height() != shown.Height()) return {0, image.Height()};
     const auto same = [&](int y) {
         return std::equal(image.Row(y), image.Row(y) + image.Width(), shown.Row(y));
     };
@@ -53,50 +49,40 @@ RowRange WithoutSame(const Surface& image, const Surface& shown, RowRange rows) 
     return rows;
 }
 
-void ShowRows(Pane& pane, Surface& image, ShownRows which) {
+void ShowRows(Surface& shown, Surface& image, ShownRows which) {
     RowRange rows = which == ShownRows::Due ? image.TakeDueRows() : image.TakeChangedRows();
-    Surface& shown = pane.Pictures[&image];
-    rows = WithoutSame(image, shown, rows);
-    if (rows.Empty()) return;
     if (image.Width() != shown.Width() || image.Height() != shown.Height())
         shown = Surface(image.Width(), image.Height());
+    else
+        rows = WithoutSame(image, shown, rows);
+    if (rows.Empty()) return;
     BitBlt(shown, 0, rows.First, image.Width(), rows.Last - rows.First, image, 0, rows.First);
-    PagePaint(&image, rows.First, rows.Last);
+    TellPage("paint", Json(&image) + ',' + Json(rows.First) + ',' + Json(rows.Last));
 }
 
 void ShowPane(Form& form, Pane& pane, ShownRows rows) {
     std::string description = DescriptionOf(form, pane.Modal);
-    if (description != pane.Description) {
-        PageShow(description.c_str());
-        pane.Description = std::move(description);
-    }
+    if (description != pane.Description) TellPage("show", description);
+    pane.Description = std::move(description);
     if (!form.Visible) return;
-    if (form.ShowsImage) ShowRows(pane, form.Image, rows);
-    for (Picture* picture : PicturesIn(form.Controls))
-        if (picture->Visible) ShowRows(pane, picture->Image, rows);
-}
-
-void ShowChanges(ShownRows rows) {
-    for (auto& [form, pane] : Panes) ShowPane(*form, pane, rows);
-}
-
-void LoseMouse() {
-    for (auto& [form, pane] : Panes)
-        for (Picture* picture : PicturesIn(form->Controls))
-            if (picture->MouseLost) picture->MouseLost();
+    if (form.ShowsImage) ShowRows(pane.Pictures[&form.Image], form.Image, rows);
+    EachControl(form.Controls, [&](auto& control) {
+        if constexpr (requires { control.Image; })
+            if (control.Visible) ShowRows(pane.Pictures[&control.Image], control.Image, rows);
+    });
 }
 
 void PrepareForModal() {
     LoseMouse();
-    ShowChanges(ShownRows::Due);
+    for (auto& [form, pane] : Panes) ShowPane(*form, pane, ShownRows::Due);
 }
 
 /// Puts a question to the player and waits; which of its buttons was chosen.
-int Ask(const Description& question) {
+int Ask(const JsonObject& question) {
     PrepareForModal();
     Answered.reset();
     Modals.push_back(nullptr);
-    PageAsk(question.Whole().c_str());
+    TellPage("ask", Json(question));
     WaitUntil([] { return Answered.has_value(); });
     Modals.pop_back();
     return *Answered;
@@ -106,10 +92,6 @@ void Load(Form& form) {
     if (std::exchange(form.Loaded, true)) return;
     Loaded.push_back(&form);
     if (form.Load) form.Load();
-}
-
-const char* IconName(BoxIcon icon) {
-    return icon == BoxIcon::Information ? "information" : icon == BoxIcon::Warning ? "warning" : "";
 }
 
 /// Takes a file of the player's into the folder; its name there, or nothing after a message.
@@ -124,17 +106,13 @@ std::string TakeIn(const std::string& name, const std::string& ending) {
     return {};
 }
 
-std::int32_t AskForFile(OpenFileName& record, bool saving) {
-    enum Answer { Cancelled, Named, Offered };
+std::int32_t AskForFile(OpenFileName& record, const char* kind) {
+    enum Answer { Named, Cancelled, Offered };
     const std::string ending = record.lpstrFile.substr(1, record.lpstrFile.find(' ') - 1);
-    Description question;
-    question.Text("kind", saving ? "save" : "open").Text("title", record.lpstrTitle).Text("ending", ending);
-    question.Texts("names", NamesEndingIn(ending));
-    const int answer = Ask(question);
-    std::string name = Letter;
-    if (answer == Offered) name = TakeIn(name, ending);
+    const int answer = Ask(JsonObject()("kind", std::string(kind))("title", record.lpstrTitle)(
+        "ending", ending)("names", NamesEndingIn(ending)));
+    const std::string name = answer == Offered ? TakeIn(Letter, ending) : Letter;
     if (answer == Cancelled || name.empty()) return 0;
-    HandOutNextFile(saving);
     record.lpstrFile = record.lpstrInitialDir + name + '\0';
     return 1;
 }
@@ -147,80 +125,67 @@ void RunDesktop(Form& startForm, void (*design)()) {
         design();
         ShowForm(startForm, Modality::Modeless);
         SetFocus(startForm);
+        ShowAll();
         if (!fault.empty()) MsgBox("What you keep in this game will not last:\n\r" + fault + ".");
-        ShowAll();
     });
 }
 
-void DeliverUnseen(Form& form, std::function<void()> handler) {
-    if (form.Visible && (Modals.empty() || Modals.back() == &form)) RunTask(std::move(handler));
-}
-
-void Deliver(Form& form, std::function<void()> handler) {
-    DeliverUnseen(form, [handler = std::move(handler)] {
+void Deliver(Form& form, EventKind kind, std::function<void()> handler) {
+    if (!form.Visible || (!Modals.empty() && Modals.back() != &form)) return;
+    if (kind == EventKind::Unseen) return RunTask(std::move(handler));
+    RunTask([kind, handler = std::move(handler)] {
         HandOutNextFile(false);
+        if (kind == EventKind::Command) LoseMouse();
         handler();
         ShowAll();
-    });
-}
-
-void DeliverCommand(Form& form, std::function<void()> handler) {
-    Deliver(form, [handler = std::move(handler)] {
-        LoseMouse();
-        handler();
-    });
-}
-
-void DeliverPlay(Form& form, Picture& picture, std::function<void()> handler) {
-    Deliver(form, [&picture, handler = std::move(handler)] {
-        handler();
-        if (picture.InWords) PageSay(picture.InWords().c_str());
     });
 }
 
 void ShowAll() {
-    ShowChanges(ShownRows::Changed);
+    for (auto& [form, pane] : Panes) ShowPane(*form, pane, ShownRows::Changed);
 }
 
-void TakeMouse() {
-    RunTask([] {
-        LoseMouse();
-        ShowAll();
-    });
+void LoseMouse() {
+    for (auto& [form, pane] : Panes)
+        EachControl(form->Controls, [](auto& control) {
+            if constexpr (requires { control.MouseLost; })
+                if (control.MouseLost) control.MouseLost();
+        });
 }
 
 void TurnTo(Form& form) {
     if (std::exchange(LastActive, &form) == &form) return;
-    DeliverCommand(form, [&form] {
+    Deliver(form, EventKind::Command, [&form] {
         if (form.Activate) form.Activate();
     });
 }
 
 void TakeAnswer(int button) {
     Answered = button;
-    ResumeTasks();
 }
 
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
                  BoxDefault preset) {
+    static constexpr const char* Icons[] = {"", "information", "warning"};
     const bool yesNo = buttons == BoxButtons::YesNo;
     std::vector<std::string> names = {yesNo ? "Yes" : "OK"};
     if (buttons != BoxButtons::Ok) names.push_back(yesNo ? "No" : "Cancel");
-    Description question;
-    question.Text("kind", "box").Text("title", title.empty() ? "Quillets" : title).Text("text", text);
-    question.Text("icon", IconName(icon)).Texts("buttons", names);
-    question.Number("preset", preset == BoxDefault::Second);
+    JsonObject question;
+    question("kind", std::string("box"))("title", title.empty() ? "Quillets" : title)("text", text)("buttons",
+                                                                                                    names);
+    question("icon", std::string(Icons[static_cast<int>(icon)]))("preset", preset == BoxDefault::Second);
     const bool first = Ask(question) == 0;
     if (yesNo) return first ? BoxAnswer::Yes : BoxAnswer::No;
     return first ? BoxAnswer::Ok : BoxAnswer::Cancel;
 }
 
 std::int32_t GetOpenFileNameA(OpenFileName& record) {
-    return AskForFile(record, false);
+    return AskForFile(record, "open");
 }
 
 std::int32_t GetSaveFileNameA(OpenFileName& record) {
-    return AskForFile(record, true);
+    HandOutNextFile(true);
+    return AskForFile(record, "save");
 }
 
 std::intptr_t ProgramInstance() {
@@ -228,25 +193,24 @@ std::intptr_t ProgramInstance() {
 }
 
 std::int32_t mciSendStringA(const std::string& command, std::string& returnString, std::int32_t, void*) {
-    const std::string play = "play ";
     returnString.clear();
-    if (command.starts_with(play))
-        PagePlay(command.substr(command.rfind(PathSeparator) + 1).c_str());
+    if (command.starts_with("play "))
+        TellPage("play", Json(command.substr(command.rfind(PathSeparator) + 1)));
     else if (command == "close all")
-        PageSilence();
+        TellPage("silence");
     return 0;
 }
 
 void ShowForm(Form& form, Modality modality) {
+    const bool modal = modality == Modality::Modal;
     Load(form);
     form.Visible = true;
     if (form.Resized) form.Resized();
     if (form.Activate) form.Activate();
-    const bool modal = modality == Modality::Modal;
     if (modal) PrepareForModal();
     Panes[&form].Modal = modal;
     ShowPane(form, Panes[&form], ShownRows::Changed);
-    PageRaise(&form);
+    TellPage("raise", Json(&form));
     LastActive = &form;
     if (!modal) return;
     Modals.push_back(&form);
@@ -276,47 +240,42 @@ std::vector<Form*> LoadedForms() {
 
 void SetFocus(Form& form) {
     LastActive = &form;
-    PageFocus(&form);
+    TellPage("focus", Json(&form));
 }
 
 void PrintForm(Form& form) {
-    ShowChanges(ShownRows::Changed);
-    PagePrint(&form);
+    ShowAll();
+    TellPage("print", Json(&form));
 }
 
 void Navigate(WebBrowser& browser, const std::string& address) {
-    History& history = Histories[&browser];
-    if (history.Addresses.empty() || history.Addresses[history.Shown] != address) {
-        if (!history.Addresses.empty()) history.Addresses.resize(history.Shown + 1);
-        history.Addresses.push_back(address);
-        history.Shown = history.Addresses.size() - 1;
+    auto& [addresses, shown] = Histories[&browser];
+    if (addresses.empty() || addresses[shown] != address) {
+        if (!addresses.empty()) addresses.resize(shown + 1);
+        addresses.push_back(address);
+        shown = addresses.size() - 1;
     }
-    PageGoTo(&browser, address.c_str());
+    TellPage("goTo", Json(&browser) + ',' + Json(address));
 }
 
 std::string LocationURL(const WebBrowser& browser) {
-    const History& history = Histories[&browser];
-    return history.Addresses.empty() ? "" : history.Addresses[history.Shown];
+    const auto& [addresses, shown] = Histories[&browser];
+    return addresses.empty() ? "" : addresses[shown];
 }
 
 void GoBack(WebBrowser& browser) {
-    History& history = Histories[&browser];
-    if (history.Shown > 0) PageGoTo(&browser, history.Addresses[--history.Shown].c_str());
+    auto& [addresses, shown] = Histories[&browser];
+    if (shown > 0) TellPage("goTo", Json(&browser) + ',' + Json(addresses[--shown]));
 }
 
 void GoForward(WebBrowser& browser) {
-    History& history = Histories[&browser];
-    if (history.Shown + 1 < history.Addresses.size())
-        PageGoTo(&browser, history.Addresses[++history.Shown].c_str());
+    auto& [addresses, shown] = Histories[&browser];
+    if (shown + 1 < addresses.size()) TellPage("goTo", Json(&browser) + ',' + Json(addresses[++shown]));
 }
 
 void EndProgram() {
-    PageEnd();
+    TellPage("end");
     for (;;) WaitUntil([] { return false; });
-}
-
-float Timer() {
-    return static_cast<float>(PageClock());
 }
 
 std::string ApplicationFolder() {

@@ -1,12 +1,10 @@
 // Files of the folder, in memory and in the browser's storage. A change is stored before it is made in
-// memory, and the task that makes it waits for that: so memory never knows more than the storage.
-#include "platform_web/web_files.h"
-
+// memory, and the task that makes it waits for that: memory never knows more than the storage.
 #include "platform/files.h"
-#include "platform_web/page.h"
+#include "platform_web/description.h"
 #include "platform_web/tasks.h"
+#include "platform_web/web_desktop.h"
 
-#include <limits>
 #include <map>
 #include <optional>
 #include <utility>
@@ -16,7 +14,6 @@ namespace {
 std::map<std::string, std::string> Folder;
 std::optional<FileError> StoredError;
 bool HandsOut = false;
-
 /// The files that are open to be changed, by their handles.
 std::vector<std::string> OpenFiles;
 
@@ -29,12 +26,21 @@ const std::string* Find(const std::string& path) {
     return found == Folder.end() ? nullptr : &found->second;
 }
 
-FileError Store(const std::string& path, std::string content) {
+void TellContent(const char* function, const std::string& path, const std::string& content) {
+    TellPage(function,
+             Json(NameIn(path)) + ',' + Json(content.data()) + ',' + std::to_string(content.size()));
+}
+
+FileError Store(const std::string& path, const std::string& content) {
     StoredError.reset();
-    PageStore(NameIn(path).c_str(), content.data(), static_cast<int>(content.size()));
+    TellContent("store", path, content);
     WaitUntil([] { return StoredError.has_value(); });
-    if (StoredError->empty()) Folder[NameIn(path)] = std::move(content);
+    if (StoredError->empty()) Folder[NameIn(path)] = content;
     return *StoredError;
+}
+
+const std::string& PathOf(int handle) {
+    return OpenFiles[static_cast<std::size_t>(handle)];
 }
 
 } // namespace
@@ -54,7 +60,7 @@ std::string FreeName(const std::string& name, const std::string& content) {
     const std::size_t dot = name.rfind('.');
     std::string free = name;
     for (int number = 2; Find(free) && *Find(free) != content; ++number)
-        free = name.substr(0, dot) + " " + std::to_string(number) + name.substr(dot);
+        free = name.substr(0, dot) + ' ' + std::to_string(number) + name.substr(dot);
     return free;
 }
 
@@ -67,8 +73,7 @@ void TakeStored(const std::string& error) {
 }
 
 std::int32_t FileLength(const std::string& path) {
-    const std::string* content = Find(path);
-    return content ? static_cast<std::int32_t>(content->size()) : 0;
+    return Find(path) ? static_cast<std::int32_t>(Find(path)->size()) : 0;
 }
 
 bool HoldsSomething(const std::string& path) {
@@ -76,18 +81,14 @@ bool HoldsSomething(const std::string& path) {
 }
 
 FileError ReadFile(const std::string& path, std::size_t limit, std::string& content) {
-    content.clear();
     const std::string* found = Find(path);
-    if (!found) return "there is no such file";
-    if (found->size() > limit) return "the file is too large";
-    content = *found;
-    return {};
+    content = found && found->size() <= limit ? *found : "";
+    return !found ? "there is no such file" : found->size() > limit ? "the file is too large" : "";
 }
 
 FileError ReplaceFile(const std::string& path, const std::string& content) {
-    FileError error = Store(path, content);
-    if (error.empty() && std::exchange(HandsOut, false))
-        PageHandOut(NameIn(path).c_str(), content.data(), static_cast<int>(content.size()));
+    const FileError error = Store(path, content);
+    if (error.empty() && std::exchange(HandsOut, false)) TellContent("handOut", path, content);
     return error;
 }
 
@@ -111,17 +112,15 @@ LockedFile::~LockedFile() {
 }
 
 FileError LockedFile::Read(std::size_t limit, std::string& content) {
-    return ReadFile(OpenFiles[static_cast<std::size_t>(Handle_)], limit, content);
+    return ReadFile(PathOf(Handle_), limit, content);
 }
 
 FileError LockedFile::Overwrite(const std::string& content) {
-    return Store(OpenFiles[static_cast<std::size_t>(Handle_)], content);
+    return Store(PathOf(Handle_), content);
 }
 
 FileError LockedFile::Append(const std::string& text) {
-    const std::string& path = OpenFiles[static_cast<std::size_t>(Handle_)];
-    const std::string* before = Find(path);
-    const std::string old = before ? *before : "";
+    const std::string old = Find(PathOf(Handle_)) ? *Find(PathOf(Handle_)) : "";
     const char last = old.empty() ? '\n' : old.back();
-    return Store(path, old + (last == '\n' ? "" : last == '\r' ? "\n" : "\r\n") + text);
+    return Store(PathOf(Handle_), old + (last == '\n' ? "" : last == '\r' ? "\n" : "\r\n") + text);
 }

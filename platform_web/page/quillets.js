@@ -4,23 +4,23 @@
 "use strict";
 
 const byId = id => document.getElementById(id);
-const isWide = matchMedia("(min-width: 640px)");
+const isWide = matchMedia("(min-width: 640px)"), isCoarse = matchMedia("(pointer: coarse)");
 const Down = 0, Move = 1, Up = 2;
 
-/** Makes an element with these properties and attributes, and these children. */
+/** Makes an element with these properties or attributes, and these children. */
 function make(tag, properties = {}, ...children) {
     const element = document.createElement(tag);
-    for (const [name, value] of Object.entries(properties)) {
-        if (name in element && name !== "list") element[name] = value;
+    for (const [name, value] of Object.entries(properties))
+        if (name in element) element[name] = value;
         else element.setAttribute(name, value);
-    }
     element.append(...children);
     return element;
 }
 
-function icon(name, kind) {
-    const space = "http://www.w3.org/2000/svg";
-    const drawing = document.createElementNS(space, "svg"), use = document.createElementNS(space, "use");
+const makeButton = (text, onclick, more = {}) => make("button", { className: "button", type: "button", onclick, ...more }, text);
+
+function makeIcon(name, kind) {
+    const [drawing, use] = ["svg", "use"].map(tag => document.createElementNS("http://www.w3.org/2000/svg", tag));
     use.setAttribute("href", `#icon.${name}`);
     drawing.setAttribute("class", kind);
     drawing.setAttribute("aria-hidden", "true");
@@ -28,35 +28,25 @@ function icon(name, kind) {
     return drawing;
 }
 
-// ---- The engine. It is called by one deed at a time, and while it stores a file, deeds have to wait.
+// ---- The engine. It hears of one deed at a time, and of none while a file is being stored.
 
-let Game;
-let isOver = false;
+let Game, isOver = false, inEngine = false, isStoring = false;
 const Deeds = [];
-let inEngine = false;
-let isStoring = false;
 
 function deliver(deed) {
-    Deeds.push(deed);
-    while (!inEngine && !isStoring && Deeds.length) callEngine(Deeds.shift());
+    if (deed) Deeds.push(deed);
+    while (!inEngine && !isStoring && !isOver && Deeds.length) callEngine(Deeds.shift());
 }
 
 function callEngine(deed) {
-    if (isOver) return;
     inEngine = true;
     try {
         deed();
     } catch (fault) {
         console.error(fault);
         finish("Quillets has stopped by a fault of its own. What it has stored is safe.");
-    } finally {
-        inEngine = false;
     }
-}
-
-/** Gives the engine a text for its next call. */
-function leaveLetter(text) {
-    fill(Game._RoomForLetter, new TextEncoder().encode(text));
+    inEngine = false;
 }
 
 function fill(room, bytes) {
@@ -64,12 +54,15 @@ function fill(room, bytes) {
     Game.HEAPU8.set(bytes, place);
 }
 
-// ---- The folder, in the browser's database. A file is stored in one transaction, on the disk when it ends.
+/** Gives the engine a text for its next call. */
+const leaveLetter = text => fill(Game._RoomForLetter, new TextEncoder().encode(text));
+
+// ---- The folder, in the browser's database. A change is one transaction, on the disk when it ends.
 
 const FolderId = `quillets ${new URL(".", location).pathname}`;
 let Database = null;
 
-function requested(request) {
+function resultOf(request) {
     return new Promise((resolve, reject) => {
         request.onsuccess = () => resolve(request.result);
         request.onerror = () => reject(request.error);
@@ -79,19 +72,17 @@ function requested(request) {
 async function openDatabase() {
     const opening = indexedDB.open(FolderId, 1);
     opening.onupgradeneeded = () => opening.result.createObjectStore("files");
-    Database = await requested(opening);
+    Database = await resultOf(opening);
 }
 
 async function storedFiles() {
     const files = Database.transaction("files").objectStore("files");
-    const [names, contents] = await Promise.all([requested(files.getAllKeys()), requested(files.getAll())]);
+    const [names, contents] = await Promise.all([resultOf(files.getAllKeys()), resultOf(files.getAll())]);
     return names.map((name, i) => [name, contents[i]]);
 }
 
-/** Changes the stored files; resolves when the change is on the disk. */
 function changeStored(change) {
     return new Promise((resolve, reject) => {
-        if (!Database) throw new DOMException("", "NoStorage");
         const transaction = Database.transaction("files", "readwrite", { durability: "strict" });
         transaction.oncomplete = resolve;
         transaction.onabort = () => reject(transaction.error);
@@ -101,22 +92,17 @@ function changeStored(change) {
 
 function reasonOf(fault) {
     if (fault?.name === "QuotaExceededError") return "the browser's storage is full";
-    return `the browser stores nothing for this page${fault?.name ? ` (${fault.name})` : ""}`;
+    return `the browser stores nothing for this page (${fault?.name})`;
 }
 
-async function store(name, content) {
+function store(name, place, length) {
+    const content = Game.HEAPU8.slice(place, place + length);
     isStoring = true;
-    let reason = "";
-    try {
-        await changeStored(files => files.put(content, name));
-        navigator.storage?.persist?.();
-    } catch (fault) {
-        reason = reasonOf(fault);
-    }
-    leaveLetter(reason);
-    isStoring = false;
-    Deeds.unshift(() => Game._Stored());
-    deliver(() => {});
+    changeStored(files => files.put(content, name)).then(() => "", reasonOf).then(reason => {
+        isStoring = false;
+        Deeds.unshift(() => (leaveLetter(reason), Game._Stored()));
+        deliver();
+    });
 }
 
 function handOut(name, content) {
@@ -125,58 +111,49 @@ function handOut(name, content) {
     setTimeout(() => URL.revokeObjectURL(address), 60000);
 }
 
-// ---- Surfaces. A canvas has the display's own pixels, and stands on them.
+// ---- Surfaces. A canvas has as many pixels as the display gives it, and stands on them.
 
-const Canvases = new Map();
-/** While a page is printed, its canvas has this many pixels to each of the surface's. */
-const PrintedRatio = 4;
-const BandOfRows = 64;
+const Surfaces = new Map();
+const PrintedRatio = 4, RowsOfABand = 64;
+const scaleOf = element => parseFloat(getComputedStyle(element).getPropertyValue("--s")) || 1;
+const snap = at => Math.round(at * devicePixelRatio) / devicePixelRatio;
+const isOnScreen = element => element.getClientRects().length > 0;
 
-function scaleOf(element) {
-    return parseFloat(getComputedStyle(element).getPropertyValue("--s")) || 1;
-}
-
-/** Gives the canvas the display's pixels; whether they have changed. */
-function fit(surface) {
-    const { canvas, columns, rows } = surface;
-    const ratio = surface.ratio || devicePixelRatio, scale = scaleOf(canvas);
-    const width = Math.max(1, Math.round(columns * scale * ratio));
-    const height = Math.max(1, Math.round(rows * scale * ratio));
-    canvas.style.width = `${width / ratio}px`;
-    canvas.style.height = `${height / ratio}px`;
+/** Gives the canvas its pixels; whether they have changed. */
+function fit({ canvas, columns, rows, ratio = devicePixelRatio }) {
+    const scale = scaleOf(canvas) * ratio;
+    const [width, height] = [columns, rows].map(side => Math.max(1, Math.floor(side * scale + 0.01)));
+    Object.assign(canvas.style, { width: `${width / ratio}px`, height: `${height / ratio}px` });
     if (canvas.width === width && canvas.height === height) return false;
-    canvas.width = width;
-    canvas.height = height;
+    Object.assign(canvas, { width, height });
     return true;
 }
 
-function align(canvas) {
+function align({ canvas }) {
     canvas.style.translate = "";
-    const place = canvas.getBoundingClientRect();
-    const off = at => (Math.round(at * devicePixelRatio) - at * devicePixelRatio) / devicePixelRatio;
-    const [x, y] = [off(place.left + scrollX), off(place.top + scrollY)];
+    const { left, top } = canvas.getBoundingClientRect();
+    const [x, y] = [left + scrollX, top + scrollY].map(at => snap(at) - at);
     if (x || y) canvas.style.translate = `${x}px ${y}px`;
 }
 
-/** Brings all canvases on display in line with its pixels. */
 function fitAll() {
-    for (const [record, surface] of Canvases) {
-        if (!surface.canvas.getClientRects().length) continue;
+    for (const [record, surface] of Surfaces) {
+        if (!isOnScreen(surface.canvas)) continue;
         if (fit(surface)) paint(record, 0, surface.rows);
-        align(surface.canvas);
+        align(surface);
     }
 }
 
+/** Shows rows, with those beside them: edges go by their neighbours. Letters reach over rows. */
 function paint(record, first, last) {
-    const surface = Canvases.get(record);
-    if (!surface?.canvas.getClientRects().length) return;
-    // Edges go by the pixels beside them, and letters reach over rows.
+    const surface = Surfaces.get(record);
+    if (!surface || !isOnScreen(surface.canvas)) return;
     if (fit(surface) || surface.texts.length) [first, last] = [0, surface.rows];
     const { canvas, rows } = surface, scale = canvas.height / rows;
     const end = Math.min(canvas.height, Math.ceil((last + 1) * scale));
-    for (let row = Math.max(0, Math.floor((first - 1) * scale)); row < end; row += BandOfRows)
-        paintBand(record, canvas, row, Math.min(end, row + BandOfRows));
-    for (const text of surface.texts) paintText(surface, text, scale);
+    for (let row = Math.max(0, Math.floor((first - 1) * scale)); row < end; row += RowsOfABand)
+        paintBand(record, canvas, row, Math.min(end, row + RowsOfABand));
+    for (const text of surface.texts) paintText(canvas.getContext("2d"), text, scale);
 }
 
 function paintBand(record, canvas, first, last) {
@@ -185,93 +162,92 @@ function paintBand(record, canvas, first, last) {
     canvas.getContext("2d").putImageData(new ImageData(bytes, canvas.width), 0, first);
 }
 
-function paintText({ canvas }, { text, ink, x, y }, scale) {
-    const context = canvas.getContext("2d");
-    context.font = `${11 * scale}px Arial, "Liberation Sans", sans-serif`;
-    context.fillStyle = ink;
-    context.textBaseline = "top";
+function paintText(context, { text, ink, x, y }, scale) {
+    Object.assign(context, { font: `${11 * scale}px Arial, "Liberation Sans", sans-serif`, fillStyle: ink, textBaseline: "top" });
     context.fillText(text, x * scale, (y + 1) * scale);
 }
 
-/** Makes or changes the canvas of a described surface. */
 function showSurface(canvas, { surface, columns, rows, texts = [] }) {
-    const known = Canvases.get(surface);
-    const same = known && known.columns === columns && known.rows === rows;
-    Canvases.set(surface, { ...known, canvas, columns, rows, texts });
-    if (!same) paint(surface, 0, rows);
+    const known = Surfaces.get(surface);
+    Surfaces.set(surface, { ...known, canvas, columns, rows, texts });
+    if (known?.columns !== columns || known.rows !== rows) paint(surface, 0, rows);
 }
 
-// ---- Controls. Each kind has a way to be made and a way to be brought in line with its description.
+// ---- Controls. A kind has a way to be made, and most have one to be brought in line with their description.
 
-const Kinds = {
-    label: {
-        make: (pane, control) => watch(make("div", { className: "label" }), pane, control, "_MouseOnLabel"),
-        show(element, { text, ink, ground, centred, fits, bold, points }) {
-            element.textContent = text;
-            element.hidden ||= fits && !text;
-            element.classList.toggle("centred", centred);
-            element.classList.toggle("fits", fits);
-            Object.assign(element.style, { color: ink, backgroundColor: ground });
-            setFont(element, bold, points);
-        },
+const Controls = new Map();
+const makeText = (pane, control) => watch(make("div", { className: control.kind }), pane, control);
+const press = (pane, { record }) => () => deliver(() => Game._Press(pane.record, record));
+const makers = {
+    label: makeText,
+    text: makeText,
+    picture: makePicture,
+    frame: () => make("fieldset", {}, make("legend")),
+    button: (pane, control) => makeButton("", press(pane, control)),
+    tile: (pane, control) => make("button", { className: "tile", type: "button", title: control.tip, ariaLabel: control.tip,
+        onclick: press(pane, control) }, makeIcon(control.icon, "icon")),
+    bar: makeBar,
+    browser: makeBrowser,
+};
+const showers = {
+    browser: (frame, { record }) => goTo(record, Addresses.get(record)),
+    label(element, control) {
+        showText(element, control);
+        element.hidden ||= control.fits && !control.text;
+        element.classList.toggle("centred", control.centred);
+        element.classList.toggle("fits", control.fits);
+        Object.assign(element.style, { color: control.ink, backgroundColor: control.ground });
     },
-    picture: {
-        make: makePicture,
-        show(element, control) {
-            if (element.localName === "canvas" && control.visible) showSurface(element, control);
-        },
+    text: showText,
+    button: showText,
+    picture(element, control) {
+        if (element.localName === "canvas" && control.visible) showSurface(element, control);
+        if (control.words && control.words !== byId("words").textContent.trim()) say(control.words);
     },
-    tile: {
-        make(pane, { record, icon: name, tip }) {
-            const press = () => deliver(() => Game._PressTile(pane.record, record));
-            return make("button", { className: "tile", type: "button", title: tip, ariaLabel: tip, onclick: press },
-                icon(name, "icon"));
-        },
-        show(element, { id, latches, latched }) {
-            if (latches) element.ariaPressed = String(latched);
-            if (id === "Form1.MenuButx_11" && latched) loadCues();
-        },
+    tile(element, { id, latches, latched }) {
+        if (latches) element.ariaPressed = String(latched);
+        if (id === "Form1.MenuButx_11" && latched) loadCues();
     },
-    frame: {
-        make: () => make("fieldset", {}, make("legend")),
-        show(element, { text, controls }, pane) {
-            element.firstChild.textContent = text;
-            for (const control of controls) showControl(pane, element, control);
-        },
+    frame(element, { text, controls }, pane) {
+        element.firstChild.textContent = text;
+        for (const control of controls) showControl(pane, element, control);
     },
-    bar: { make: makeBar, show: showBar },
-    button: {
-        make(pane, { record }) {
-            const press = () => deliver(() => Game._PressButton(pane.record, record));
-            return make("button", { className: "button", type: "button", onclick: press });
-        },
-        show(element, { text, bold, points }) {
-            element.textContent = text;
-            setFont(element, bold, points);
-        },
+    bar(bar, { enabled, max, value, small, large }) {
+        Object.assign(bar, { disabled: !enabled, max: enabled ? max : 0, small, large });
+        bar.value = value;
     },
-    text: {
-        make: (pane, control) => watch(make("div", { className: "text" }), pane, control, "_MouseOnText"),
-        show(element, { text, bold, points }) {
-            element.textContent = text;
-            setFont(element, bold, points);
-        },
-    },
-    browser: { make: makeBrowser, show() {} },
 };
 
-function setFont(element, bold, points) {
-    element.style.fontWeight = bold ? "bold" : "normal";
-    element.style.fontSize = `${Math.round(points * 96 / 72)}px`;
+function showText(element, { text, bold, points }) {
+    element.textContent = text;
+    Object.assign(element.style, { fontWeight: bold ? "bold" : "normal", fontSize: `${Math.round(points * 96 / 72)}px` });
+}
+
+function showControl(pane, parent, control) {
+    const { record, id, kind, visible } = control, text = JSON.stringify(control);
+    if (!Controls.has(record)) {
+        const element = makers[kind](pane, control);
+        element.id = id;
+        element.classList.add("control");
+        parent.append(element);
+        Controls.set(record, { element });
+    }
+    const known = Controls.get(record);
+    if (known.text === text) return;
+    known.text = text;
+    for (const side of ["x", "y", "width", "height"]) known.element.style.setProperty(`--${side}`, control[side]);
+    known.element.toggleAttribute("hidden", !visible);
+    showers[kind]?.(known.element, control, pane);
 }
 
 function makePicture(pane, control) {
-    if (control.icon) return icon(control.icon, "picture");
+    if (control.icon) return makeIcon(control.icon, "picture");
     const canvas = make("canvas", { ariaLabel: control.spoken, role: control.keys ? "application" : "img" });
-    canvas.textContent = control.spoken;
     if (control.keys) takeKeys(canvas, pane, control);
-    return control.mouse ? watch(canvas, pane, control, "_MouseOnPicture") : canvas;
+    return watch(canvas, pane, control);
 }
+
+const shiftOf = event => (event.shiftKey ? 1 : 0) + (event.ctrlKey ? 2 : 0) + (event.altKey ? 4 : 0);
 
 /** Tab is a key of the game here, but for the one after Escape. */
 function takeKeys(canvas, pane, { record }) {
@@ -279,169 +255,127 @@ function takeKeys(canvas, pane, { record }) {
     canvas.setAttribute("aria-describedby", "words leaving");
     let isLeaving = false;
     canvas.onkeydown = event => {
-        const leaves = event.key === "Tab" && isLeaving;
-        if (event.key !== "Shift") isLeaving = event.key === "Escape";
+        const code = event.keyCode, leaves = code === 9 && isLeaving;
         event.stopPropagation();
+        if (event.key !== "Shift") isLeaving = event.key === "Escape";
         if (leaves) return;
-        const code = event.keyCode, shift = shiftOf(event);
-        // Tab, the arrows and the number pad are the game's; other keys may be the browser's as well.
+        // Tab, the arrows and the number pad are the game's alone; other keys may be the browser's as well.
         if (code === 9 || code >= 32 && code <= 40 || code >= 96 && code <= 105) event.preventDefault();
-        deliver(() => Game._KeyOnPicture(pane.record, record, code, shift));
+        deliver(() => Game._Key(pane.record, record, code, shiftOf(event)));
+        if (code < 16 || code > 18) deliver(() => sayOf(record));
     };
 }
 
-function shiftOf(event) {
-    return (event.shiftKey ? 1 : 0) + (event.ctrlKey ? 2 : 0) + (event.altKey ? 4 : 0);
-}
-
-function makeBar(pane, { record, small, large }) {
-    const bar = make("input", { className: "bar", type: "range", min: 0, ariaLabel: "Page" });
-    bar.setAttribute("aria-orientation", "vertical");
-    const turnTo = value => {
+function makeBar(pane, { record }) {
+    const bar = make("input", { className: "bar", type: "range", min: 0, ariaLabel: "Page", ariaOrientation: "vertical" });
+    const turn = value => {
         bar.value = value;
         const reached = Number(bar.value);
         deliver(() => Game._Scroll(pane.record, record, reached));
     };
-    bar.oninput = () => turnTo(bar.value);
+    bar.oninput = () => turn(bar.value);
     bar.onkeydown = event => {
-        const steps = { ArrowUp: -bar.small, ArrowLeft: -bar.small, ArrowDown: bar.small, ArrowRight: bar.small,
-            PageUp: -bar.large, PageDown: bar.large };
-        if (!(event.key in steps)) return;
+        const { small, large } = bar;
+        const step = { ArrowUp: -small, ArrowLeft: -small, ArrowDown: small, ArrowRight: small, PageUp: -large, PageDown: large }[event.key];
+        if (!step) return;
         event.preventDefault();
-        turnTo(Number(bar.value) + steps[event.key]);
+        turn(Number(bar.value) + step);
     };
-    pane.element.addEventListener("wheel", event => {
-        if (!bar.disabled) turnTo(Number(bar.value) + Math.sign(event.deltaY) * bar.large);
-    }, { passive: true });
+    pane.element.addEventListener("wheel", event => bar.disabled || turn(Number(bar.value) + Math.sign(event.deltaY) * bar.large),
+        { passive: true });
     return bar;
 }
 
-function showBar(bar, { value, max, small, large, enabled }) {
-    bar.disabled = !enabled;
-    bar.max = enabled ? max : 0;
-    bar.value = value;
-    Object.assign(bar, { small, large });
-}
+const Addresses = new Map();
 
-/** Links of the help page are followed by the game, which keeps the history. */
+/** The help page. Its links are followed by the game, which keeps the history. */
 function makeBrowser(pane, { record }) {
     const frame = make("iframe", { className: "browser", title: "Help" });
     frame.onload = () => {
-        jump(frame);
-        frame.contentDocument.addEventListener("pointerdown", () => turnTo(pane));
-        frame.contentDocument.addEventListener("click", event => {
-            const link = event.target.closest?.("a[href]");
-            if (!link) return;
-            event.preventDefault();
-            const [file, anchor] = link.getAttribute("href").split("#");
-            if (file) return;
-            leaveLetter(`${frame.address.replace(/#.*/, "")}#${anchor}`);
-            deliver(() => Game._FollowLink(record));
+        const page = frame.contentDocument;
+        page.addEventListener("pointerdown", () => turnTo(pane));
+        page.addEventListener("click", event => {
+            const link = event.target.closest?.("a[href]")?.getAttribute("href");
+            if (link) event.preventDefault();
+            if (link?.startsWith("#")) deliver(() => (leaveLetter(Addresses.get(record).split("#")[0] + link), Game._FollowLink(record)));
         });
+        jump(frame, Addresses.get(record));
     };
     return frame;
 }
 
 function goTo(record, address) {
-    const frame = Controls.get(record).element;
-    const page = address.replace(/#.*/, "").replace(/.*\//, "");
-    frame.address = address;
-    if (frame.getAttribute("src") === page) jump(frame);
-    else frame.src = page;
+    const frame = Controls.get(record)?.element, page = address.split("#")[0].split("/").at(-1);
+    Addresses.set(record, address);
+    if (frame?.getAttribute("src") === page) jump(frame, address);
+    else if (frame) frame.src = page;
 }
 
-function jump(frame) {
-    const page = frame.contentDocument, anchor = frame.address.split("#")[1];
-    const target = anchor && (page.getElementsByName(anchor)[0] || page.getElementById(anchor));
+function jump({ contentDocument: page, contentWindow }, address) {
+    const anchor = address.split("#")[1], target = anchor && page.getElementsByName(anchor)[0];
     if (target) target.scrollIntoView();
-    else frame.contentWindow.scrollTo(0, 0);
+    else contentWindow.scrollTo(0, 0);
 }
 
-const Controls = new Map();
+// ---- The pointer. A finger is the left button; held still, or joined by a second one, the right one.
 
-function showControl(pane, parent, control) {
-    const { record, id, kind } = control;
-    if (!Controls.has(record)) {
-        const element = Kinds[kind].make(pane, control);
-        element.id = id;
-        element.classList.add("control");
-        parent.append(element);
-        Controls.set(record, { element });
-    }
-    const known = Controls.get(record), text = JSON.stringify(control);
-    if (known.text === text) return;
-    known.text = text;
-    for (const side of ["x", "y", "width", "height"]) known.element.style.setProperty(`--${side}`, control[side]);
-    known.element.toggleAttribute("hidden", !control.visible);
-    Kinds[kind].show(known.element, control, pane);
-}
+const Buttons = [1, 4, 2], HeldFor = 500, StillWithin = 8;
 
-// ---- The pointer on a control. A finger is the left button; held still, or joined by a second one, the right one.
-
-const Buttons = [1, 4, 2];
-const HeldFor = 500;
-const StillWithin = 8;
-
-/** Lets the control hear of the pointer by a function of the engine. */
-function watch(element, pane, control, receiver) {
+/** Lets the engine hear of the pointer on an element, where its record has a handler. */
+function watch(element, pane, control) {
     if (!control.mouse) return element;
-    const hand = { element, pane, control, receiver, finger: null, pressed: false, last: "" };
+    const hand = { element, pane, control, finger: null, isPressed: false, last: "" };
+    const on = (name, mouse, finger) => element.addEventListener(name, event => (isFinger(event) ? finger : mouse)(hand, event));
     element.classList.add("mouse");
-    element.addEventListener("pointerdown", event => (isFinger(event) ? fingerDown : mouseDown)(hand, event));
-    element.addEventListener("pointermove", event => (isFinger(event) ? fingerMove : mouseMove)(hand, event));
-    element.addEventListener("pointerup", event => (isFinger(event) ? fingerUp : mouseUp)(hand, event));
-    element.addEventListener("pointercancel", () => loseMouse(hand));
-    element.addEventListener("lostpointercapture", () => loseMouse(hand));
+    on("pointerdown", mouseDown, fingerDown);
+    on("pointermove", mouseMove, fingerMove);
+    on("pointerup", mouseUp, fingerUp);
+    on("pointercancel", loseMouse, loseMouse);
+    on("lostpointercapture", loseMouse, loseMouse);
     return element;
 }
 
-function isFinger(event) {
-    return event.pointerType === "touch" || event.pointerType === "pen" && event.buttons !== 2 && event.button !== 2;
-}
+const isFinger = event => event.pointerType === "touch" || event.pointerType === "pen" && event.button !== 2 && event.buttons !== 2;
 
-/** The pixel of the control under the pointer. */
 function pixelAt({ element, control }, event) {
-    const place = element.getBoundingClientRect(), scale = scaleOf(element);
-    const width = element.localName === "canvas" ? control.columns : place.width / scale;
-    const height = element.localName === "canvas" ? control.rows : place.height / scale;
-    return { x: Math.floor((event.clientX - place.left) * width / place.width),
-        y: Math.floor((event.clientY - place.top) * height / place.height), shift: shiftOf(event) };
+    const place = element.getBoundingClientRect(), scale = element.localName === "canvas" ? control.columns / place.width : 1;
+    return [Math.floor((event.clientX - place.left) * scale), Math.floor((event.clientY - place.top) * scale)];
 }
 
-function tell(hand, deed, button, { x, y, shift }) {
-    hand.last = `${x} ${y}`;
-    const { pane, control, receiver } = hand;
-    deliver(() => receiver === "_MouseOnForm" ? Game._MouseOnForm(pane.record, deed, button, shift, x, y)
-        : Game[receiver](pane.record, control.record, deed, button, shift, x, y));
+function tell(hand, deed, button, pixel, shift = 0) {
+    const { pane, control } = hand;
+    hand.last = String(pixel);
+    deliver(() => Game._Mouse(pane.record, control.record, deed, button, shift, ...pixel));
+    if (deed === Up && button === 1 || deed === Down && button === 2) deliver(() => sayOf(control.record));
 }
 
 function mouseDown(hand, event) {
     hand.element.setPointerCapture(event.pointerId);
-    hand.pressed = true;
-    tell(hand, Down, Buttons[event.button] || 0, pixelAt(hand, event));
+    hand.isPressed = true;
+    tell(hand, Down, Buttons[event.button] || 0, pixelAt(hand, event), shiftOf(event));
 }
 
 function mouseUp(hand, event) {
-    hand.pressed = event.buttons !== 0;
-    tell(hand, Up, Buttons[event.button] || 0, pixelAt(hand, event));
+    hand.isPressed = event.buttons !== 0;
+    tell(hand, Up, Buttons[event.button] || 0, pixelAt(hand, event), shiftOf(event));
 }
 
 /** A second button that goes down or up beside another one comes as a move. */
 function mouseMove(hand, event) {
-    if (event.button >= 0) return (event.buttons & 1 << event.button ? mouseDown : mouseUp)(hand, event);
+    if (event.button > 0 || event.button === 0 && !isFinger(event))
+        return (event.buttons & Buttons[event.button] ? mouseDown : mouseUp)(hand, event);
     const steps = event.getCoalescedEvents?.() || [];
     for (const step of steps.length ? steps : [event]) {
         const pixel = pixelAt(hand, step);
-        if (`${pixel.x} ${pixel.y}` !== hand.last) tell(hand, Move, 0, pixel);
+        if (String(pixel) !== hand.last) tell(hand, Move, 0, pixel, shiftOf(event));
     }
     deliver(() => Game._ShowMoves());
 }
 
 function loseMouse(hand) {
     dropFinger(hand);
-    if (!hand.pressed) return;
-    hand.pressed = false;
-    deliver(() => Game._MouseLost());
+    if (hand.isPressed) deliver(() => Game._MouseLost());
+    hand.isPressed = false;
 }
 
 function fingerDown(hand, event) {
@@ -451,41 +385,36 @@ function fingerDown(hand, event) {
         timer: setTimeout(() => pressRight(hand), HeldFor) };
 }
 
-/** Where the finger lies, the right button goes down and up; not in the middle of a drag. */
+/** Where the finger lies, the right button goes down and up; in the middle of a drag it does nothing. */
 function pressRight(hand) {
-    const { start, timer } = hand.finger;
-    if (hand.pressed) return;
-    clearTimeout(timer);
-    hand.finger.isSpent = true;
-    tell(hand, Down, 2, start);
-    tell(hand, Up, 2, start);
+    const { finger } = hand;
+    if (hand.isPressed) return;
+    clearTimeout(finger.timer);
+    finger.isSpent = true;
+    tell(hand, Down, 2, finger.start);
+    tell(hand, Up, 2, finger.start);
 }
 
 function fingerMove(hand, event) {
     const { finger } = hand;
     if (finger?.id !== event.pointerId) return;
-    if (!hand.pressed) {
+    if (!hand.isPressed) {
         if (Math.hypot(event.clientX - finger.x, event.clientY - finger.y) < StillWithin) return;
         clearTimeout(finger.timer);
-        hand.pressed = true;
+        hand.isPressed = true;
         tell(hand, Down, 1, finger.start);
         tell(hand, Move, 0, finger.start);
     }
-    mouseMove(hand, { getCoalescedEvents: () => event.getCoalescedEvents?.() || [event], button: -1 });
+    mouseMove(hand, event);
 }
 
 function fingerUp(hand, event) {
-    const { finger } = hand;
+    const { finger, isPressed } = hand;
     if (finger?.id !== event.pointerId) return;
     dropFinger(hand);
-    const pixel = hand.pressed ? pixelAt(hand, event) : finger.start;
-    if (!hand.pressed && finger.isSpent) return;
-    if (!hand.pressed) {
-        tell(hand, Move, 0, pixel);
-        tell(hand, Down, 1, pixel);
-    }
-    hand.pressed = false;
-    tell(hand, Up, 1, pixel);
+    hand.isPressed = false;
+    if (isPressed) return tell(hand, Up, 1, pixelAt(hand, event));
+    if (!finger.isSpent) for (const deed of [Move, Down, Up]) tell(hand, deed, deed === Move ? 0 : 1, finger.start);
 }
 
 function dropFinger(hand) {
@@ -493,37 +422,37 @@ function dropFinger(hand) {
     hand.finger = null;
 }
 
-// ---- Panes. The game's two windows lie on the desk; other forms and all questions are dialogs over them.
+// ---- Panes. The game's two windows lie on the desk; other forms, and all questions, are dialogs over them.
 
 const Panes = new Map();
 let TopLayer = 1;
+const isShown = ({ element }) => element.localName === "dialog" ? element.open : !element.hidden;
 
 function show(form) {
     if (!Panes.has(form.record)) Panes.set(form.record, makePane(form));
-    const pane = Panes.get(form.record), { element } = pane;
+    const pane = Panes.get(form.record), opens = form.visible && !isShown(pane);
     pane.form = form;
-    pane.title.textContent = form.caption;
+    pane.title.textContent = form.text;
     if (!form.visible) return hide(pane);
-    const opens = !isShown(pane);
     if (opens) open(pane);
-    if (form.surface) showSurface(pane.canvas, form);
+    if (form.showsImage) showSurface(pane.canvas, form);
     for (const control of form.controls) showControl(pane, pane.client, control);
     if (opens) placePane(pane);
-    if (element.localName === "section") arrangeDesk();
-}
-
-function isShown({ element }) {
-    return element.localName === "dialog" ? element.open : !element.hidden;
+    if (pane.element.localName === "section") arrangeDesk();
 }
 
 function makePane(form) {
-    const title = make("h2", { id: `${form.id}.caption` });
-    const client = make("div", { className: "client", tabIndex: -1 });
+    const title = make("h2", { id: `${form.id}.caption` }), client = make("div", { className: "client", tabIndex: -1 });
     const element = make(form.centred ? "dialog" : "section", { id: form.id, className: "pane", hidden: !form.centred });
+    const pane = { record: form.record, element, title, client, form }, caption = make("header", { className: "caption" }, title);
     element.setAttribute("aria-labelledby", title.id);
-    const pane = { record: form.record, element, title, client, form };
-    element.append(makeCaption(pane), ...form.menus.map(menu => makeMenu(pane, menu)), client);
-    if (form.surface) addCanvas(pane);
+    if (form.closes) caption.append(makeButton("\u00d7", () => deliver(() => Game._Close(form.record)), { className: "close", ariaLabel: "Close" }));
+    moveBy(caption, pane);
+    element.append(caption, ...form.menus.map(menu => makeMenu(pane, menu)), client);
+    if (form.showsImage) {
+        pane.canvas = watch(make("canvas", { className: "whole", role: "img", ariaLabel: form.text }), pane, form);
+        client.append(pane.canvas);
+    }
     element.addEventListener("pointerdown", () => turnTo(pane), true);
     element.addEventListener("focusin", () => turnTo(pane));
     element.addEventListener("keydown", event => keyOnForm(pane, event));
@@ -533,32 +462,15 @@ function makePane(form) {
     return pane;
 }
 
-function makeCaption(pane) {
-    const caption = make("header", { className: "caption" }, pane.title);
-    if (pane.form.closes) {
-        const close = () => deliver(() => Game._Close(pane.record));
-        caption.append(make("button", { className: "close", type: "button", ariaLabel: "Close", onclick: close }, "\u00d7"));
-    }
-    moveBy(caption, pane);
-    return caption;
+function keyOnForm({ record, form }, event) {
+    if (!form.keys || event.key !== "Escape") return;
+    event.preventDefault();
+    deliver(() => Game._Key(record, record, event.keyCode, shiftOf(event)));
 }
 
-function addCanvas(pane) {
-    pane.canvas = make("canvas", { className: "whole", role: "img", ariaLabel: pane.form.caption });
-    watch(pane.canvas, pane, { ...pane.form }, "_MouseOnForm");
-    pane.client.append(pane.canvas);
-}
-
-function keyOnForm(pane, event) {
-    if (!pane.form.keys || event.target.closest("[role=menu], .bar") && event.key !== "Escape") return;
-    const code = event.keyCode, shift = shiftOf(event);
-    if (event.key === "Escape") event.preventDefault();
-    deliver(() => Game._KeyOnForm(pane.record, code, shift));
-}
-
-function turnTo(pane) {
-    raise(pane.record);
-    deliver(() => Game._Activate(pane.record));
+function turnTo({ record }) {
+    raise(record);
+    deliver(() => Game._Activate(record));
 }
 
 function open({ element, form }) {
@@ -568,103 +480,85 @@ function open({ element, form }) {
 }
 
 function hide({ element }) {
+    const hadFocus = element.contains(document.activeElement);
     if (element.localName === "section") element.hidden = true;
     else if (element.matches(":modal")) element.close();
     else element.removeAttribute("open");
     element.classList.remove("printed");
-    if (element.contains(document.activeElement) || document.activeElement === document.body) focusBoard();
+    if (hadFocus && document.activeElement === document.body) document.querySelector("canvas[tabindex]")?.focus();
 }
 
-function focusBoard() {
-    document.querySelector("canvas[tabindex='0']")?.focus();
-}
-
+/** Dialogs lie above the game's two windows, whichever has the keyboard. */
 function raise(record) {
-    const { element } = Panes.get(record);
-    if (element.style.zIndex !== String(TopLayer)) element.style.zIndex = ++TopLayer;
+    const { element } = Panes.get(record), layer = element.localName === "dialog" ? 1e6 : 0;
+    if (Number(element.style.zIndex) !== TopLayer + layer) element.style.zIndex = ++TopLayer + layer;
 }
 
-/** The game gives the keyboard to a form: to its picture that takes keys, or to the form itself. */
 function focus(record) {
     const { element, client } = Panes.get(record);
     raise(record);
-    (element.querySelector("canvas[tabindex='0']") || client).focus({ preventScroll: true });
-}
-
-// ---- Where panes stand.
-
-/** On the display's own pixels. */
-function snap(at) {
-    return Math.round(at * devicePixelRatio) / devicePixelRatio;
+    (element.querySelector("canvas[tabindex]") || client).focus({ preventScroll: true });
 }
 
 function moveTo(pane, x, y) {
     const { element } = pane;
-    pane.x = snap(Math.max(0, Math.min(x, Math.max(0, innerWidth - element.offsetWidth))));
-    pane.y = snap(Math.max(0, Math.min(y, Math.max(0, innerHeight - 32))));
+    pane.x = snap(Math.max(0, Math.min(x, innerWidth - element.offsetWidth)));
+    pane.y = snap(Math.max(0, Math.min(y, innerHeight - 32)));
     Object.assign(element.style, { left: `${pane.x}px`, top: `${pane.y}px` });
 }
 
-/** A pane that opens: in the middle, as large as there is room for; keys go to it unless it is a quiet one. */
+const centre = pane => moveTo(pane, (innerWidth - pane.element.offsetWidth) / 2, (innerHeight - pane.element.offsetHeight) / 2);
+
 function placePane(pane) {
     const { element, form, client } = pane;
     if (element.localName === "section") return;
-    if (form.sizable && !client.style.width)
-        Object.assign(client.style, { width: `${form.width}px`, height: `${form.height}px` });
     scalePane(pane);
-    moveTo(pane, (innerWidth - element.offsetWidth) / 2, (innerHeight - element.offsetHeight) / 2);
+    centre(pane);
     fitAll();
-    if (form.modal || !form.quiet) (client.querySelector("button.button") || client).focus({ preventScroll: true });
+    if (form.modal || !form.quiet) (client.querySelector(".button") || client).focus({ preventScroll: true });
 }
 
-/** A picture that is wider or higher than its room is shown smaller, but never below the display's pixels. */
+/** A picture that is larger than its room is shown smaller, but never below the display's pixels. */
 function scalePane({ element, client, form, canvas }) {
-    client.style.setProperty("--width", form.width);
-    client.style.setProperty("--height", form.height);
-    if (!canvas) return;
+    for (const side of ["width", "height"]) if (!form.sizable || !client.style.getPropertyValue(`--${side}`)) client.style.setProperty(`--${side}`, form[side]);
     const around = element.offsetHeight - client.offsetHeight;
-    const room = Math.min((innerWidth - 2) / form.width, (innerHeight - around) / form.height);
-    client.style.setProperty("--s", Math.min(1, Math.max(room, 1 / devicePixelRatio)));
+    const room = Math.min((innerWidth - (isCoarse.matches ? 15 : 2)) / form.width, (innerHeight - around - 1) / form.height);
+    if (canvas) client.style.setProperty("--s", Math.min(1, Math.max(room, 1 / devicePixelRatio)));
 }
 
-function overlap(a, b) {
-    return a.x < b.x + b.element.offsetWidth && b.x < a.x + a.element.offsetWidth
-        && a.y < b.y + b.element.offsetHeight && b.y < a.y + a.element.offsetHeight;
-}
-
-/** The game's two windows: where they were, or side by side; on a narrow page the style sheet sets them. */
+/** The game's two windows stand where they were, or side by side; on a narrow page the style sheet sets them. */
 function arrangeDesk() {
     const panes = [...Panes.values()].filter(pane => pane.element.localName === "section" && isShown(pane));
-    for (const pane of panes) scalePane(pane);
+    panes.forEach(scalePane);
+    for (const frame of document.querySelectorAll("fieldset:has(canvas)"))
+        frame.style.setProperty("--s", Math.min(1, (frame.clientWidth - 12) / 245, (frame.clientHeight - 18) / 277));
     if (isWide.matches) {
         for (const pane of panes) moveTo(pane, pane.x ?? pane.form.x, pane.y ?? pane.form.y);
-        if (panes.length === 2 && overlap(...panes) && !panes.some(pane => pane.isMoved)) setSideBySide(panes);
+        if (panes.length === 2 && !panes.some(pane => pane.isMoved)) separate(...panes);
     }
     fitAll();
 }
 
-function setSideBySide(panes) {
-    const [board, panel] = panes, gap = Math.min(16, innerWidth - 633);
-    const left = Math.max(0, (innerWidth - panel.element.offsetWidth - gap - board.element.offsetWidth) / 2);
-    const top = Math.max(0, (innerHeight - board.element.offsetHeight) / 2);
-    moveTo(panel, left, top);
-    moveTo(board, left + panel.element.offsetWidth + gap, top);
-    for (const pane of panes) tellPlace(pane);
+function separate(a, b) {
+    const apart = (x, size) => a[x] >= b[x] + b.element[size] || b[x] >= a[x] + a.element[size];
+    if (apart("x", "offsetWidth") || apart("y", "offsetHeight")) return;
+    const free = Math.max(0, innerWidth - a.element.offsetWidth - b.element.offsetWidth), gap = Math.min(16, free);
+    const top = (innerHeight - Math.max(a.element.offsetHeight, b.element.offsetHeight)) / 2;
+    moveTo(a, (free - gap) / 2, top);
+    moveTo(b, (free + gap) / 2 + a.element.offsetWidth, top);
+    [a, b].forEach(tellPlace);
 }
 
-function tellPlace({ record, x, y }) {
-    deliver(() => Game._Moved(record, Math.round(x), Math.round(y)));
-}
+const tellPlace = ({ record, x, y }) => deliver(() => Game._Moved(record, Math.round(x), Math.round(y)));
 
-/** A pane follows the pointer by its caption. */
 function moveBy(caption, pane) {
     let grip = null;
     caption.onpointerdown = event => {
         const isFixed = pane.element.localName === "section" && !isWide.matches;
         if (event.button !== 0 || isFixed || event.target.localName === "button") return;
         caption.setPointerCapture(event.pointerId);
-        const place = pane.element.getBoundingClientRect();
-        grip = { x: event.clientX - place.left, y: event.clientY - place.top };
+        const { left, top } = pane.element.getBoundingClientRect();
+        grip = { x: event.clientX - left, y: event.clientY - top };
     };
     caption.onpointermove = event => {
         if (!grip) return;
@@ -672,232 +566,176 @@ function moveBy(caption, pane) {
         moveTo(pane, event.clientX - grip.x, event.clientY - grip.y);
         fitAll();
     };
-    caption.onpointerup = caption.onlostpointercapture = () => {
+    caption.onlostpointercapture = () => {
         if (grip && pane.record) tellPlace(pane);
         grip = null;
     };
 }
 
-function resized({ record, client, form }) {
-    const [width, height] = [client.clientWidth, client.clientHeight];
-    if (!width || width === form.width && height === form.height) return;
-    deliver(() => Game._Resized(record, width, height));
+function resized({ record, client: { clientWidth: width, clientHeight: height }, form }) {
+    if (width && (width !== form.width || height !== form.height)) deliver(() => Game._Resized(record, width, height));
 }
 
 function layOutAnew() {
-    for (const pane of Panes.values()) if (isShown(pane) && pane.element.localName === "dialog") {
+    for (const pane of Panes.values()) if (pane.element.open) {
         scalePane(pane);
         moveTo(pane, pane.x, pane.y);
     }
     arrangeDesk();
 }
 
-/** The ratio of pixels changes when the page is zoomed or goes to another screen. */
+/** The ratio changes when the page is zoomed or goes to another screen. */
 function followRatio() {
-    matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener("change", () => {
-        layOutAnew();
-        followRatio();
-    }, { once: true });
+    matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener("change", () => (layOutAnew(), followRatio()), { once: true });
 }
 
 // ---- Menus.
 
 function makeMenu(pane, { id, text, items }) {
     const list = make("div", { className: "items", role: "menu", hidden: true, ariaLabel: text });
-    const head = make("button", { id, className: "menu", type: "button", role: "menuitem", ariaExpanded: "false" }, text);
-    head.setAttribute("aria-haspopup", "menu");
-    const openList = shown => {
-        list.hidden = !shown;
-        head.ariaExpanded = String(shown);
+    const setOpen = isOpen => {
+        list.hidden = !isOpen;
+        head.ariaExpanded = String(isOpen);
+        (isOpen ? list.querySelector("button") : head).focus();
     };
-    head.onclick = () => {
-        openList(list.hidden);
-        if (!list.hidden) list.querySelector("button").focus();
-    };
-    for (const item of items) list.append(makeItem(pane, item, () => {
-        openList(false);
-        head.focus();
-    }));
+    const head = makeButton(text, () => setOpen(list.hidden), { id, className: "menu", role: "menuitem", ariaExpanded: "false", ariaHasPopup: "menu" });
     const bar = make("div", { className: "menubar", role: "menubar", ariaLabel: text }, head, list);
-    bar.addEventListener("keydown", event => stepThrough(event, head, list, openList));
-    bar.addEventListener("focusout", event => bar.contains(event.relatedTarget) || openList(false));
+    for (const item of items) list.append(item.text === "-" ? make("hr", { id: item.id }) : makeButton(item.text,
+        () => (setOpen(false), press(pane, item)()), { id: item.id, className: "", role: "menuitem", tabIndex: -1 }));
+    bar.onkeydown = event => stepThrough(event, list, setOpen);
+    bar.addEventListener("focusout", event => list.hidden ||= !bar.contains(event.relatedTarget));
     return bar;
 }
 
-function makeItem(pane, { id, text, record }, close) {
-    if (text === "-") return make("hr", { id });
-    const choose = () => {
-        close();
-        deliver(() => Game._ChooseItem(pane.record, record));
-    };
-    return make("button", { id, type: "button", role: "menuitem", tabIndex: -1, onclick: choose }, text);
-}
-
-function stepThrough(event, head, list, openList) {
+function stepThrough(event, list, setOpen) {
     const items = [...list.querySelectorAll("button")], at = items.indexOf(document.activeElement);
-    const targets = { ArrowDown: items[(at + 1) % items.length], Home: items[0], End: items.at(-1),
-        ArrowUp: items.at(Math.max(at, 0) - 1), Escape: list.hidden ? null : head };
-    const target = targets[event.key];
-    if (!target) return;
+    const target = { ArrowDown: items[(at + 1) % items.length], ArrowUp: items.at(Math.max(at, 0) - 1), Home: items[0], End: items.at(-1) }[event.key];
+    if (!target && (event.key !== "Escape" || list.hidden)) return;
     event.preventDefault();
     event.stopPropagation();
-    openList(target !== head);
-    target.focus();
+    setOpen(Boolean(target));
+    target?.focus();
 }
 
-// ---- Questions: boxes and file dialogs. The answer is a button, counted from 0; the last one is no.
+// ---- Questions. The answer is a button, counted from 0; Escape is the last one.
 
-/** A dialog over everything; `answer` gets the number of the button. */
 function askBy({ title, buttons, preset = 0, role = "dialog" }, content, answer) {
-    const id = `question.${++TopLayer}`;
+    const caption = make("h2", { id: `question.${++TopLayer}` }, title), head = make("header", { className: "caption" }, caption);
     const element = make("dialog", { className: "pane question", role });
     const close = button => {
         element.close();
         element.remove();
         answer(button);
     };
-    const caption = make("header", { className: "caption" }, make("h2", { id }, title));
-    moveBy(caption, { element, title });
-    element.setAttribute("aria-labelledby", id);
-    element.append(caption, content, make("div", { className: "answers" }, ...buttons.map((text, i) =>
-        make("button", { className: "button", type: "button", onclick: () => close(i) }, text))));
-    element.addEventListener("keydown", event => {
+    const answers = make("div", { className: "answers" }, ...buttons.map((text, i) => makeButton(text, () => close(i))));
+    moveBy(head, { element });
+    element.setAttribute("aria-labelledby", caption.id);
+    element.append(head, content, answers);
+    element.addEventListener("cancel", event => event.preventDefault());
+    element.onkeydown = event => {
         if (event.key !== "Escape") return;
         event.preventDefault();
         close(buttons.length - 1);
-    });
-    element.addEventListener("cancel", event => event.preventDefault());
+    };
     document.body.append(element);
     element.showModal();
-    moveTo({ element }, (innerWidth - element.offsetWidth) / 2, (innerHeight - element.offsetHeight) / 2);
-    element.querySelectorAll(".answers button")[preset].focus();
-    return { element, close };
+    centre({ element });
+    answers.children[preset].focus();
+    return close;
 }
 
 function askByBox(box, answer) {
-    const text = make("p", { id: `text.${TopLayer}`, className: "message" }, box.text);
-    const content = make("div", { className: "content" }, ...(box.icon ? [make("span", { className: box.icon })] : []), text);
-    const { element } = askBy({ ...box, role: "alertdialog" }, content, answer);
-    element.setAttribute("aria-describedby", text.id);
+    const text = make("p", { className: "message" }, box.text);
+    askBy({ ...box, preset: Number(box.preset || 0), role: "alertdialog" }, make("div", { className: "content" }, make("span", { className: box.icon }), text), answer);
 }
 
-const Cancelled = 0, Named = 1, Offered = 2;
-/** A file of the player's own that waits for the dialog it opens. */
-let Offer = null;
-let TakeOffer = null;
+const Named = 0, Cancelled = 1, Offered = 2;
+/** A file of the player's own on its way to the dialog that it opens, and how a dialog that stands takes one. */
+let Offer = null, takeOffer = null;
+const answerGame = answer => deliver(() => Game._Answer(answer));
 
 function ask(question) {
     if (question.kind === "box") askByBox(question, answerGame);
-    else if (question.kind === "open" && Offer) offer(Offer);
+    else if (Offer) offer(Offer);
     else askForFile(question);
-}
-
-function answerGame(answer) {
-    deliver(() => Game._Answer(answer));
-}
-
-function answerByName(name) {
-    deliver(() => {
-        leaveLetter(name);
-        Game._Answer(Named);
-    });
 }
 
 async function offer(file) {
     Offer = null;
     const content = new Uint8Array(await file.arrayBuffer());
-    deliver(() => {
-        fill(Game._RoomForOffer, content);
-        leaveLetter(file.name);
-        Game._Answer(Offered);
-    });
+    deliver(() => (fill(Game._RoomForOffer, content), leaveLetter(file.name), Game._Answer(Offered)));
 }
 
 function askForFile({ kind, title, names, ending }) {
-    const saves = kind === "save", id = `name.${++TopLayer}`;
+    const saves = kind === "save", take = { value: null };
     const list = make("select", { size: 8, ariaLabel: "Files" }, ...names.map(name => make("option", {}, name)));
-    const name = make("input", { id, type: "text", value: `*${ending}`, spellcheck: false, autocomplete: "off" });
-    const computer = make("input", { type: "file", accept: ending, ariaLabel: "From this computer" });
-    const content = make("form", { className: "content files" }, list, saves
-        ? make("p", {}, make("label", { htmlFor: id }, "File name"), name)
-        : make("p", {}, make("label", {}, "From this computer", computer)));
-    const { element, close } = askBy({ title, buttons: [saves ? "Save" : "Open", "Cancel"] }, content, button => {
-        TakeOffer = null;
-        const chosen = (saves ? name.value : list.value).trim();
-        if (button !== 0 || !chosen) answerGame(Cancelled);
-        else answerByName(chosen.replace(/.*[/\\]/, ""));
+    const own = saves ? make("input", { type: "text", value: `*${ending}`, spellcheck: false, autocomplete: "off" })
+        : make("input", { type: "file", accept: ending });
+    const content = make("form", { className: "content files" }, list, make("label", {}, saves ? "File name" : "From this computer", own));
+    const close = askBy({ title, buttons: [saves ? "Save" : "Open", "Cancel"] }, content, button => {
+        const name = (saves ? own : list).value.trim().split(/[/\\]/).at(-1);
+        takeOffer = null;
+        if (take.value) offer(take.value);
+        else if (button === Cancelled || !name) answerGame(Cancelled);
+        else deliver(() => (leaveLetter(name), Game._Answer(Named)));
     });
-    wireFiles(list, name, computer, close);
-    content.onsubmit = event => {
-        event.preventDefault();
-        close(0);
-    };
-    if (saves) name.select();
-    (saves ? name : list).focus();
-    TakeOffer = file => {
-        TakeOffer = null;
-        element.close();
-        element.remove();
-        offer(file);
-    };
-}
-
-function wireFiles(list, name, computer, close) {
+    takeOffer = file => (take.value = file, close(Offered));
     list.selectedIndex = 0;
-    list.onchange = () => name.value = list.value;
-    list.ondblclick = () => list.value && close(0);
-    list.onkeydown = event => event.key === "Enter" && close(0);
-    computer.onchange = () => computer.files[0] && TakeOffer(computer.files[0]);
+    list.ondblclick = () => close(Named);
+    list.onkeydown = event => event.key === "Enter" && close(Named);
+    content.onsubmit = event => (event.preventDefault(), close(Named));
+    if (saves) list.onchange = () => own.value = list.value;
+    else own.onchange = () => own.files[0] && takeOffer(own.files[0]);
+    (saves ? own : list).focus();
+    if (saves) own.select();
 }
 
-/** A file dropped on the page is opened as by the menu. */
+/** A file that is dropped on the page is opened as by the menu. */
 function takeDrop(event) {
-    event.preventDefault();
     const file = event.dataTransfer?.files[0];
-    if (!file) return;
-    if (TakeOffer) return TakeOffer(file);
-    if (document.querySelector(":modal") || isOver) return;
+    event.preventDefault();
+    if (!file || isOver) return;
+    if (takeOffer) return takeOffer(file);
+    if (document.querySelector(":modal")) return;
     Offer = file;
     byId("Form1.Openx").click();
 }
 
 // ---- Sound, speech, print.
 
+const CueNames = ["Click", "Error", "GiveUp", "Slide", "clap4", "click2", "shsh-dot", "thank", "whoosh1"];
 const Cues = new Map();
-let Sound = null;
+let Sound = null, Speaker = null;
 
 function loadCues() {
     Sound ||= new AudioContext();
-    for (const name of ["Click", "Error", "GiveUp", "Slide", "clap4", "click2", "shsh-dot", "thank", "whoosh1"])
-        if (!Cues.has(`${name}.wav`)) Cues.set(`${name}.wav`, loadCue(`${name}.wav`));
+    const load = async file => Sound.decodeAudioData(await (await fetch(file)).arrayBuffer());
+    for (const name of CueNames) if (!Cues.has(name)) Cues.set(name, load(`${name}.wav`).catch(() => Cues.delete(name) && null));
 }
 
-async function loadCue(file) {
-    const response = await fetch(file);
-    return Sound.decodeAudioData(await response.arrayBuffer());
-}
-
+/** A cue that cannot be had is no fault of play. */
 async function play(file) {
-    try {
-        const source = new AudioBufferSourceNode(Sound, { buffer: await Cues.get(file) });
-        source.connect(Sound.destination);
-        source.start();
-    } catch (fault) {
-        // A missing cue is no fault of play.
-        Cues.delete(file);
-    }
+    const buffer = await Cues.get(file.replace(".wav", ""));
+    if (!buffer || !Sound) return;
+    if (!Speaker) (Speaker = new GainNode(Sound)).connect(Sound.destination);
+    const source = new AudioBufferSourceNode(Sound, { buffer });
+    source.connect(Speaker);
+    source.start();
 }
 
 function silence() {
-    Sound?.close();
-    Sound = null;
-    Cues.clear();
+    Speaker?.disconnect();
+    Speaker = null;
 }
 
+/** Words that are the same as before are new with a blank behind them. */
 function say(words) {
-    const region = byId("words");
-    // The same words are new again with a blank behind them.
-    region.textContent = region.textContent === words ? `${words}\u00a0` : words;
+    byId("words").textContent = byId("words").textContent === words ? `${words}\u00a0` : words;
+}
+
+function sayOf(record) {
+    const { words } = JSON.parse(Controls.get(record)?.text || "{}");
+    if (words) say(words);
 }
 
 /** The browser's print stops the page, so the handler that asks for it ends first. */
@@ -907,11 +745,11 @@ function print(record) {
 }
 
 function setPrintedRatio(ratio) {
-    for (const [record, surface] of Canvases) {
-        if (!surface.canvas.closest(".printed")) continue;
-        surface.canvas.closest(".client").style.setProperty("--s", 1);
-        surface.ratio = ratio;
-        paint(record, 0, surface.rows);
+    for (const { element, client, form } of Panes.values()) {
+        if (!element.classList.contains("printed")) continue;
+        Surfaces.get(form.surface).ratio = ratio;
+        client.style.setProperty("--s", 1);
+        paint(form.surface, 0, form.rows);
     }
     if (!ratio) layOutAnew();
 }
@@ -919,39 +757,33 @@ function setPrintedRatio(ratio) {
 // ---- Start and end. One tab at a time holds the folder.
 
 const Channel = new BroadcastChannel(FolderId);
-let LetGo = () => {};
+let letGo = () => {};
 
-/** Shows a text in place of the game, with what can be done. */
+/** Shows a text in place of the game, and a button. */
 function finish(text, action = "Start again", act = () => location.reload()) {
     isOver = true;
     document.querySelectorAll(".pane").forEach(pane => pane.remove());
-    LetGo();
-    const button = make("button", { className: "button", type: "button", onclick: act }, action);
+    const button = makeButton(action, act);
     const notice = make("section", { className: "pane notice", ariaLabel: "Quillets" },
         make("header", { className: "caption" }, make("h2", {}, "Quillets")),
-        make("div", { className: "content" }, icon("quillets", "picture"), make("p", { className: "message" }, text)),
+        make("div", { className: "content" }, makeIcon("quillets", "picture"), make("p", { className: "message" }, text)),
         make("div", { className: "answers" }, button));
     byId("desk").append(notice);
     button.focus();
+    letGo();
     return notice;
 }
 
 async function end() {
-    finish("The game has ended.").append(await keptFiles());
+    finish("The game has ended.").append(make("ul", { className: "kept" }, ...(Database ? await storedFiles() : []).map(keptFile)));
 }
 
-/** The player's files, to be taken out or thrown away also when the game does not start with them. */
-async function keptFiles() {
-    const list = make("ul", { className: "kept" });
-    for (const [name, content] of Database ? await storedFiles() : []) {
-        const row = make("li", {}, make("span", {}, name));
-        const remove = () => askByBox({ title: "Quillets", text: `Delete ${name} for good?`, buttons: ["Yes", "No"], preset: 1 },
-            answer => answer === 0 && changeStored(files => files.delete(name)).then(() => row.remove()));
-        row.append(make("button", { className: "button", type: "button", onclick: () => handOut(name, content) }, "Download"),
-            make("button", { className: "button", type: "button", onclick: remove }, "Delete"));
-        list.append(row);
-    }
-    return list;
+/** A file of the player's can be taken out and thrown away, also when the game does not start with it. */
+function keptFile([name, content]) {
+    const drop = answer => answer === 0 && changeStored(files => files.delete(name)).then(() => row.remove());
+    const row = make("li", {}, make("span", {}, name), makeButton("Download", () => handOut(name, content)),
+        makeButton("Delete", () => askByBox({ title: "Quillets", text: `Delete ${name} for good?`, buttons: ["Yes", "No"], preset: 1 }, drop)));
+    return row;
 }
 
 async function shippedFile(name) {
@@ -968,13 +800,12 @@ async function run(engine, shipped) {
         leaveLetter(name);
         fill(Game._RoomForFile, content);
     }
-    leaveLetter(fault);
-    deliver(() => Game._Start());
+    deliver(() => (leaveLetter(fault), Game._Start()));
     navigator.serviceWorker?.register("service_worker.js").catch(console.warn);
-    return new Promise(resolve => LetGo = resolve);
+    return new Promise(resolve => letGo = resolve);
 }
 
-/** Another tab has the game; it can be asked to give it up, and this one starts when it has. */
+/** Another tab has the game. It gives it up when asked to, and this one starts. */
 function waitForOtherTab(start) {
     finish("Quillets is open in another tab. You can go on with it here.", "Go on here", () => Channel.postMessage("give up"));
     navigator.locks.request(FolderId, () => {
@@ -987,18 +818,19 @@ function waitForOtherTab(start) {
 
 function giveUp() {
     if (isOver || !Game) return;
-    if (isStoring || inEngine) return setTimeout(giveUp, 10);
-    waitForOtherTab(() => {});
+    if (isStoring) return setTimeout(giveUp, 10);
+    waitForOtherTab();
 }
 
 function begin() {
     const engine = Engine(), shipped = Promise.all(["QUILLET.qui", "Quillets.cfg"].map(shippedFile));
     const start = () => run(engine, shipped);
     if (!navigator.locks) return start();
-    navigator.locks.request(FolderId, { ifAvailable: true }, lock => lock ? start() : waitForOtherTab(start));
+    navigator.locks.request(FolderId, { ifAvailable: true }, lock => lock ? start() : void waitForOtherTab(start));
 }
 
-const Page = { show, paint, raise, focus, ask, say, play, silence, print, goTo, store, handOut, end };
+const Page = { show, paint, raise, focus, ask, play, silence, print, goTo, store, end,
+    handOut: (name, place, length) => handOut(name, Game.HEAPU8.slice(place, place + length)) };
 
 addEventListener("resize", layOutAnew);
 addEventListener("blur", () => Game && deliver(() => Game._MouseLost()));
@@ -1006,7 +838,7 @@ addEventListener("dragover", event => event.preventDefault());
 addEventListener("drop", takeDrop);
 addEventListener("contextmenu", event => event.target.closest?.(".pane") && event.preventDefault());
 addEventListener("beforeprint", () => setPrintedRatio(PrintedRatio));
-addEventListener("afterprint", () => setPrintedRatio(undefined));
+addEventListener("afterprint", () => setPrintedRatio());
 Channel.onmessage = giveUp;
 followRatio();
 begin();
