@@ -584,7 +584,7 @@ function layOutAnew() {
     arrangeDesk();
 }
 
-/** The ratio changes when the page is zoomed or goes to another screen. */
+/** Not every browser calls it another size when the page goes to a screen of another ratio. */
 function followRatio() {
     matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener("change", () => (layOutAnew(), followRatio()), { once: true });
 }
