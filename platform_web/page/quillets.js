@@ -1,7 +1,6 @@
 // The page of the game. The engine describes its forms (platform_web/description.cpp); here they become panes with
 // elements, and what the player does there goes back to the engine as deeds. Nothing is ever put into the page as
 // markup: names and contents of files are text.
-"use strict";
 
 const byId = id => document.getElementById(id);
 const isWide = matchMedia("(min-width: 640px)"), isCoarse = matchMedia("(pointer: coarse)");
@@ -205,7 +204,7 @@ const showers = {
         if (control.words && control.words !== byId("words").textContent.trim()) say(control.words);
     },
     tile(element, { id, latches, latched }) {
-        if (latches) element.ariaPressed = String(latched);
+        if (latches) element.ariaPressed = String(Boolean(latched));
         if (id === "Form1.MenuButx_11" && latched) loadCues();
     },
     frame(element, { text, controls }, pane) {
@@ -829,7 +828,7 @@ function begin() {
     navigator.locks.request(FolderId, { ifAvailable: true }, lock => lock ? start() : void waitForOtherTab(start));
 }
 
-const Page = { show, paint, raise, focus, ask, play, silence, print, goTo, store, end,
+globalThis.Page = { show, paint, raise, focus, ask, play, silence, print, goTo, store, end,
     handOut: (name, place, length) => handOut(name, Game.HEAPU8.slice(place, place + length)) };
 
 addEventListener("resize", layOutAnew);
