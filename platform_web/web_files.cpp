@@ -14,8 +14,6 @@ namespace {
 std::map<std::string, std::string> Folder;
 std::optional<FileError> StoredError;
 bool HandsOut = false;
-/// The files that are open to be changed, by their handles.
-std::vector<std::string> OpenFiles;
 
 std::string NameIn(const std::string& path) {
     return path.substr(path.rfind(PathSeparator) + 1);
@@ -37,10 +35,6 @@ FileError Store(const std::string& path, const std::string& content) {
     WaitUntil([] { return StoredError.has_value(); });
     if (StoredError->empty()) Folder[NameIn(path)] = content;
     return *StoredError;
-}
-
-const std::string& PathOf(int handle) {
-    return OpenFiles[static_cast<std::size_t>(handle)];
 }
 
 } // namespace
@@ -92,35 +86,21 @@ FileError ReplaceFile(const std::string& path, const std::string& content) {
     return error;
 }
 
-FileError AppendToFile(const std::string& path, const std::string& text) {
-    LockedFile file(path);
-    return file.Error().empty() ? file.Append(text) : file.Error();
-}
-
 bool SameFile(const std::string& one, const std::string& other) {
     return Find(one) && Find(one) == Find(other);
 }
 
-LockedFile::LockedFile(const std::string& path, WhenMissing missing)
-    : Handle_(static_cast<int>(OpenFiles.size())) {
-    OpenFiles.push_back(path);
-    if (missing == WhenMissing::Fails && !Find(path)) Error_ = "there is no such file";
+// One tab at a time holds the folder, so a lock has nothing to do.
+LockedFile::LockedFile(const std::string& path) : Path_(path), IsMissing_(!Find(path)) {
+    if (IsMissing_) Error_ = "there is no such file";
 }
 
-LockedFile::~LockedFile() {
-    OpenFiles.pop_back();
+LockedFile::~LockedFile() = default;
+
+FileError LockedFile::Read(std::size_t limit, std::string& content) const {
+    return ReadFile(Path_, limit, content);
 }
 
-FileError LockedFile::Read(std::size_t limit, std::string& content) {
-    return ReadFile(PathOf(Handle_), limit, content);
-}
-
-FileError LockedFile::Overwrite(const std::string& content) {
-    return Store(PathOf(Handle_), content);
-}
-
-FileError LockedFile::Append(const std::string& text) {
-    const std::string old = Find(PathOf(Handle_)) ? *Find(PathOf(Handle_)) : "";
-    const char last = old.empty() ? '\n' : old.back();
-    return Store(PathOf(Handle_), old + (last == '\n' ? "" : last == '\r' ? "\n" : "\r\n") + text);
+FileError LockedFile::Replace(const std::string& content) const {
+    return Store(Path_, content);
 }
