@@ -1,8 +1,8 @@
 // Plays a story on the scripted desktop and writes it down: story FOLDER. FOLDER/story.json has the player's
 // steps, in pixels of the board; at each "see" the page's board has to look like the picture of that name,
 // FOLDER/NAME.RATIO in the bytes of a canvas, at ratios of 1, 1.5 and 2.
+#include "game/game_on_script.h"
 #include "platform/scaled_surface.h"
-#include "tests/game/game_on_script.h"
 
 namespace {
 

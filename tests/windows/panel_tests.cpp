@@ -103,7 +103,7 @@ TEST(Panel, ScreenReadersHearWhatTheButtonsAreAndWhatTheBoardShows) {
         EXPECT_EQ(std::pair(board->role(), board->text(QAccessible::Name)),
                   std::pair(QAccessible::Graphic, QString("Board")));
         EXPECT_EQ(board->text(QAccessible::Description).toStdString(),
-                  "Quillet (1 of 385), Play difficulty: EASY, piece last handled: square, "
+                  "Quillet (1 of 398), Play difficulty: EASY, piece last handled: square, "
                   "pieces with their final turn: 0 of 7");
         EXPECT_EQ(QAccessible::queryAccessibleInterface(Part("Form1"))->role(), QAccessible::Window);
     });
