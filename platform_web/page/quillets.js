@@ -521,7 +521,7 @@ function placePane(pane) {
 function scalePane({ element, client, form, canvas }) {
     for (const side of ["width", "height"]) if (!form.sizable || !client.style.getPropertyValue(`--${side}`)) client.style.setProperty(`--${side}`, form[side]);
     const around = element.offsetHeight - client.offsetHeight;
-    const room = Math.min((innerWidth - (isCoarse.matches ? 15 : 2)) / form.width, (innerHeight - around - 1) / form.height);
+    const room = Math.min((innerWidth - (isCoarse.matches ? 16 : 2)) / form.width, (innerHeight - around - 1) / form.height);
     if (canvas) client.style.setProperty("--s", Math.min(1, Math.max(room, 1 / devicePixelRatio)));
 }
 
