@@ -6,7 +6,6 @@ Usage: fault_runs.py PROGRAM COLLECTION TRIAL, with one of the trials
   power_cut  a power cut, or a kill, at each moment of each operation, in every state that it may leave on the disk
   no_room    files can become no longer than a limit, from nothing on
   crowd      one program appends to a collection from which another one removes, over and over
-  awkward    collections of any size and kind are opened: the right answer, in little time and memory
 With QUILLETS_LONG set there are a hundred times as many fights.
 """
 import collections
@@ -69,7 +68,7 @@ def put(folder, files):
 def play(command, folder, operation):
     run = subprocess.run([*command, folder, *operation.arguments], cwd=folder, stdout=subprocess.PIPE,
                          timeout=60, check=False, restore_signals=False)  # a write beyond a limit fails, no more
-    files = {file.name: file.read_bytes() for file in folder.iterdir() if file.name != "awkward.qui"}
+    files = {file.name: file.read_bytes() for file in folder.iterdir()}
     return Outcome(run.returncode, run.stdout.decode().splitlines(), files)
 
 
@@ -137,8 +136,7 @@ def run_injected(program, shipped, scratch):
             found += [line for lines, _ in results for line in lines]
             refusals = sum(failed for _, failed in results)
             print(f"{operation.name}: {len(during)} calls, {len(runs)} runs, {refusals} failures told", flush=True)
-            if not 0 < refusals < len(runs):
-                found.append(f"{operation.name}: the runs prove nothing")
+            found += [] if 0 < refusals < len(runs) else [f"{operation.name}: the runs prove nothing"]
     return found
 
 
@@ -240,8 +238,7 @@ def run_no_room(program, shipped, scratch):
         found += [fault for limit, outcome in outcomes for fault in told(operation, outcome, f"{limit} bytes")]
         refusals = sum(refused(outcome) for _, outcome in outcomes)
         print(f"{operation.name}: {len(limits)} limits, {refusals} failures told")
-        if not 0 < refusals < len(limits):
-            found.append(f"{operation.name}: the limits prove nothing")
+        found += [] if 0 < refusals < len(limits) else [f"{operation.name}: the limits prove nothing"]
     return found
 
 
@@ -265,40 +262,6 @@ def run_crowd(program, shipped, scratch):
     fights = 2000 if "QUILLETS_LONG" in os.environ else 20
     print(f"{fights} times 50 records appended while 50 were removed")
     return [fault for number in range(fights) for fault in fight(program, shipped, scratch, 1 + number % 20)]
-
-
-def awkward_files(shipped):
-    """Name, what to write, the answer: a number of quillets, or what is told."""
-    head, records = head_and_records(shipped, 500)
-    whole = shipped.read_bytes()
-    many = "Cannot handle more than 500 Quillets"
-    yield from ((f"{count} records", head + (records[0] * count), str(count)) for count in (0, 1, 499, 500))
-    yield from ((f"{count} records", head + (records[0] * count), many) for count in (501, 100_000))
-    yield "LF", whole.replace(b"\r", b""), str(whole.count(b"\n") - 65)
-    yield "CR", whole.replace(b"\n", b""), 'Line 1: "-2?5" is not a number.'
-    yield "empty lines", head + b"\n" * (15 << 20) + records[0], "1"
-    yield "one number", b"7" * (16 << 20), 'Line 1: "77777777777777777777..." is not a number.'
-    yield "nothing but ends", b"\r\n" * (8 << 20), "Line 1: the file ends where a number is expected."
-    yield "skipped records", head + (b"0" + b",0" * 23 + b"\n") * 300_000 + records[0], "1"
-    yield "a folder", lambda path: path.mkdir(), "Line 1: it is not a file."
-    yield "a pipe", os.mkfifo, "Line 1: it is not a file."
-    yield "zeros without end", lambda path: path.symlink_to("/dev/zero"), "Line 1: it is not a file."
-    yield "a loop", lambda path: path.symlink_to(path), "Line 1: Too many levels of symbolic links."
-    yield "1 GiB", lambda path: (path.touch(), os.truncate(path, 1 << 30)), "Line 1: the file is too large."
-
-
-def run_awkward(program, shipped, scratch):
-    """In a second of the processor and 192 MiB; the program tells, last, how many quillets it holds."""
-    before, found = next(operations(*head_and_records(shipped, 5))).before, []
-    for name, content, answer in [("nothing", None, "5"), *awkward_files(shipped)]:
-        path = put(scratch / name, before) / "awkward.qui"
-        content(path) if callable(content) else content is not None and path.write_bytes(content)
-        opened = Operation(name, ["open", path if content else ""], before, before)
-        *boxes, count = play(["prlimit", "--cpu=1", f"--as={192 << 20}", program], path.parent, opened).boxes or [""]
-        right = boxes[-1].partition("|")[2 if "Line" in answer else 0] if boxes else count
-        if answer not in right:
-            found.append(f"{name}: {boxes}, {count}, expected {answer}")
-    return found
 
 
 def main():

@@ -1,7 +1,6 @@
 // The game without a display, for one operation on its files, which runs between two marks in the list of its
 // system calls. Says what each message box said, one line a box.
 // Usage: one_operation FOLDER append TIMES SHIFT | remove NUMBER TIMES | saveas PATH | settings
-//        one_operation FOLDER open PATH: and then how many quillets it holds
 #include "core/board_rendering.h"
 #include "core/board_window.h"
 #include "core/game_state.h"
@@ -61,7 +60,6 @@ void Run(const std::string& operation, const char* first, const char* second) {
     if (operation == "remove") Remove(std::atoi(first), std::atoi(second));
     Desktop.Paths = {first};
     if (operation == "saveas") SaveCollectionAs();
-    if (operation == "open") Deliver(OpenCollection);
     Form1.Left += 15; // for settings that differ from those before
     if (operation == "settings") Deliver(Form1.CloseRequest);
 }
@@ -79,6 +77,5 @@ int main(int argc, char** argv) {
         static_cast<void>(::access("/quillets-operation-ends", F_OK));
     }
     PrintBoxes();
-    if (argument(2) == std::string("open")) std::printf("%g\n", Game.QuilletCount);
     return started ? 0 : 1;
 }

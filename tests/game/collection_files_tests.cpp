@@ -267,6 +267,18 @@ TEST_F(CollectionFilesTest, ACollectionThatBecameGarbageIsLeftAloneAndNoBoxHolds
     EXPECT_EQ(Collection(), ShippedHead + FiveFigures);
 }
 
+TEST_F(CollectionFilesTest, AFigureFarOutsideIsShownInAllWindowsRefusedByAppendAndRemoved) {
+    std::string far = Records(1, "1,-1e9,1e4", "7,-32768,-22000"),
+                near = Records(1, "1,0,0", "0,32767,32767");
+    StartWith(far + near);
+    for (const char* command : {"View All", "Very easy", "Right", "Easy", "Left", "Copy"})
+        CallsOfButton(command);
+    CallsOfMenu("Print");
+    EXPECT_EQ(Append(), "cue click2; " + TooLarge + Focus);
+    Remove();
+    EXPECT_EQ(Collection(), ShippedHead + near);
+}
+
 TEST_F(CollectionFilesTest, InAFolderThatMayNotBeWrittenTheFileIsChangedInPlaceOrKept) {
     const std::string text = Collection();
     BecomeAPlayer(0555);

@@ -3,6 +3,9 @@
 #include "files/collection_reader.h"
 #include "game_on_script.h"
 
+#include <ctime>
+#include <sys/stat.h>
+
 namespace {
 
 class CollectionReaderTest : public GameTest {
@@ -28,20 +31,21 @@ class CollectionReaderTest : public GameTest {
 };
 
 TEST_F(CollectionReaderTest, ARowIsScaledByItsUnitAndItsShiftsAndTheStartCellsByTheStraightOne) {
-    const auto expectRow = [this](const std::string& line, const std::vector<Number>& expected) {
-        EXPECT_EQ(StartOn(HeadWith(8, line)), Shown);
-        std::vector<Number> row = {Game.PieceWidth[0][0], Game.PieceHeight[0][0]};
-        for (const auto& coordinate : Game.PieceShape) row.push_back(coordinate[0][0]);
-        row.insert(row.end(), {Game.TurnShiftX[0][0], Number(Game.TurnShiftY[0][0])});
-        EXPECT_EQ(row, expected);
+    const auto expectRow = [](const std::string& line, const std::vector<Number>& expected) {
+        PieceTable table;
+        EXPECT_EQ(ReadPieceTable(HeadWith(8, line), table), "");
+        std::vector<Number> row = {table.PieceWidth[0][0], table.PieceHeight[0][0]};
+        for (const auto& coordinate : table.PieceShape) row.push_back(coordinate[0][0]);
+        row.insert(row.end(), {table.TurnShiftX[0][0], Number(table.TurnShiftY[0][0])});
+        EXPECT_EQ(row, expected) << line;
     };
     expectRow("9,-0.5, 1.5 ,1.49,9,9,0,0,4,0,2,-2,2.5,2,0,0,-0.1,0.99",
               {51, 50, 0, 0, 0, 136, 0, 68, -68, 68, 68, 0, 0, -3, 23});
-    for (const std::string straight : {"0,0,", "0,1,"})
-        expectRow(straight + "1.49,1.5,0,0,0,0,4,0,2,2,3.5,2,0,0,1,1",
-                  {35, 36, 0, 0, 0, 96, 0, 48, 48, 96, 48, 0, 0, 24, 24});
+    expectRow("0,0,1.49,1.5,0,0,0,0,4,0,2,2,3.5,2,0,0,1,1",
+              {35, 36, 0, 0, 0, 96, 0, 48, 48, 96, 48, 0, 0, 24, 24});
     EXPECT_EQ(StartOn(HeadWith(1, "-1.5,2.125")), Shown);
-    EXPECT_EQ(std::pair(Game.HomeX[0], Game.HomeY[0]), std::pair(64., 151.));
+    EXPECT_EQ(Game.HomeX[0], 64);
+    EXPECT_EQ(Game.HomeY[0], 151);
 }
 
 TEST_F(CollectionReaderTest, RecordsCountInFileOrderFromTheirCornersAndThoseNotAboveZeroAreSkipped) {
@@ -62,6 +66,37 @@ TEST_F(CollectionReaderTest, FiveHundredLoadToTheLastAndOneMoreEndsTheProgram) {
     EXPECT_EQ(Game.QuilletCount, MostQuillets);
     EXPECT_EQ(PlaceOf(0, MostQuillets), std::tuple(3, 1, 5));
     EXPECT_EQ(StartOn(full + Records(1)), "box Cannot handle more than 500 Quillets; end");
+}
+
+TEST_F(CollectionReaderTest, AFileOfAnyKindAndSizeIsAnsweredAtOnce) {
+    const std::string many(15 << 20, '\n'), digits(16 << 20, '7');
+    const std::pair<std::string, std::string> texts[] = {
+        {Replaced(Shipped, "\r", ""), ""},
+        {Replaced(Shipped, "\n", ""), "Line 1: \"-2?5\" is not a number"},
+        {ShippedHead + many + Records(1), ""},
+        {ShippedHead + Records(200'000, "0,0,0") + Records(1), ""},
+        {digits, "Line 1: \"77777777777777777777...\" is not a number"},
+        {many, "Line 1: the file ends where a number is expected"}};
+    const std::clock_t start = std::clock();
+    for (const auto& [text, fault] : texts) EXPECT_EQ(FaultOfCollection(text), fault);
+    EXPECT_LT(std::clock() - start, 2 * CLOCKS_PER_SEC);
+    PutFiveFigures();
+    ASSERT_TRUE(Start());
+    std::filesystem::create_directory("folder");
+    std::filesystem::create_symlink("loop", "loop");
+    std::filesystem::create_symlink("/dev/zero", "zeros");
+    ASSERT_EQ(::mkfifo("pipe", 0666), 0);
+    WriteText("huge", "");
+    std::filesystem::resize_file("huge", 1 << 30);
+    for (const auto& [name, fault] : {std::pair("folder", "it is not a file"),
+                                      {"zeros", "it is not a file"},
+                                      {"pipe", "it is not a file"},
+                                      {"loop", "Too many levels of symbolic links"},
+                                      {"huge", "the file is too large"}}) {
+        Game.QuilletFile = In(name);
+        EXPECT_EQ(CallsOf(LoadQuillets),
+                  std::string("box Quillet shapes file cannot be read:/") + name + "/Line 1: " + fault + ".");
+    }
 }
 
 TEST_F(CollectionReaderTest, ACollectionCutShortAnywhereIsRefusedAtItsLastLineUnlessAllOfThatIsThere) {
