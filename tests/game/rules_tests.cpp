@@ -26,22 +26,25 @@ TEST(RulesTest, EachPieceMayLieFifteenPixelsOffInEachDirection) {
 }
 
 TEST(RulesTest, TwinsAloneMayChangePlacesAndTheFigureLiesWhereItsPiecesDo) {
-    Arrangement bothPairs = Built;
+    const auto exchange = [](Arrangement& pieces, int a, int b) {
+        std::swap(pieces.PieceX[a], pieces.PieceX[b]);
+        std::swap(pieces.PieceY[a], pieces.PieceY[b]);
+    };
     for (int a = 0; a < PieceCount; ++a)
         for (int b = 0; b < a; ++b) {
             Arrangement pieces = Built;
+            exchange(pieces, a, b);
             const bool twins = (b == 0 && a == 1) || (b == 2 && a == 4);
-            for (Arrangement* each : {&pieces, &bothPairs}) {
-                if (each == &bothPairs && !twins) continue;
-                std::swap(each->PieceX[a], each->PieceX[b]);
-                std::swap(each->PieceY[a], each->PieceY[b]);
-            }
             EXPECT_EQ(SolvedAt(pieces, Figure).has_value(), twins) << a << " in the place of " << b;
+            pieces.PieceX[a] = pieces.PieceX[b];
+            pieces.PieceY[a] = pieces.PieceY[b];
+            EXPECT_FALSE(SolvedAt(pieces, Figure)) << a << " on " << b;
         }
-    const std::optional<Corner> corner = SolvedAt(bothPairs, Figure);
-    ASSERT_TRUE(corner);
-    EXPECT_EQ(corner->X, 30);
-    EXPECT_EQ(corner->Y, 40);
+    Arrangement bothPairs = Built;
+    exchange(bothPairs, 0, 1);
+    exchange(bothPairs, 2, 4);
+    const Corner corner = SolvedAt(bothPairs, Figure).value_or(Corner{});
+    EXPECT_EQ(std::pair(corner.X, corner.Y), std::pair(30., 40.));
 }
 
 TEST(RulesTest, TheTurnsOfTwinsMatchInEitherOrder) {
@@ -53,24 +56,23 @@ TEST(RulesTest, TheTurnsOfTwinsMatchInEitherOrder) {
     for (const auto& [a, b] : {std::pair(0, 1), {2, 4}})
         for (const int asked : {a, b}) {
             Solution solution;
+            PerPiece<Number> turns{};
             solution.Turn[a] = 3;
             solution.Turn[b] = 5;
-            const auto matches = [&, first = a, second = b](Number turnA, Number turnB, Matches before) {
-                PerPiece<Number> turns{};
-                turns[first] = turnA;
-                turns[second] = turnB;
-                return MatchedTurns(turns, solution, asked, before);
-            };
             for (const auto& [turnA, turnB, matchedA, matchedB] : cases) {
+                turns[a] = turnA;
+                turns[b] = turnB;
                 Matches expected{};
                 expected[a] = matchedA;
                 expected[b] = matchedB;
-                EXPECT_EQ(matches(turnA, turnB, {}), expected) << "turns " << turnA << " and " << turnB;
+                EXPECT_EQ(MatchedTurns(turns, solution, asked, {}), expected) << turnA << " and " << turnB;
             }
-            // Nothing decides: the one that is asked for has no match, the other keeps what it had.
-            Matches others = {true, true, true, true, true, true, true};
-            others[asked] = false;
-            EXPECT_EQ(matches(6, 3, {true, true, true, true, true, true, true}), others) << asked;
+            turns[a] = 6;
+            turns[b] = 3;
+            const Matches all = {true, true, true, true, true, true, true};
+            Matches butAsked = all;
+            butAsked[asked] = false;
+            EXPECT_EQ(MatchedTurns(turns, solution, asked, all), butAsked) << "nothing decides for the twin";
         }
 }
 
@@ -88,24 +90,21 @@ TEST(RulesTest, AllTurnsMatchWhenEachPieceHasItsOwnAndTwinsHaveTheirsInAnyOrder)
 
 TEST(RulesTest, ATurnGoesToTheNextRowAndMovesThePieceByTheShiftOfThatRow) {
     PieceTable table;
-    for (int turn = 0; turn < TurnCount; ++turn)
-        for (int p = 0; p < PieceCount; ++p) {
-            table.TurnShiftX[p][turn] = 10 * turn + 1;
-            table.TurnShiftY[p][turn] = NearestInt16(-100 * turn - 1);
+    for (int p = 0; p < PieceCount; ++p) {
+        Arrangement expected = Built, pieces = Built;
+        for (int step = 1, turns = p == 3 ? 2 : 8; step <= turns; ++step) {
+            const auto entered = static_cast<std::size_t>(step % turns);
+            table.TurnShiftX[p][entered] = 10 * step;
+            table.TurnShiftY[p][entered] = NearestInt16(-step);
+            expected.PieceTurn[p] = Number(entered);
+            expected.PieceX[p] += 10 * step;
+            expected.PieceY[p] -= step;
+            pieces = Turned(pieces, p, table);
+            EXPECT_EQ(pieces.PieceTurn, expected.PieceTurn) << p;
+            EXPECT_EQ(pieces.PieceX, expected.PieceX) << p << " in turn " << entered;
+            EXPECT_EQ(pieces.PieceY, expected.PieceY) << p << " in turn " << entered;
         }
-    for (int p = 0; p < PieceCount; ++p)
-        for (int turn = 0, turns = p == 3 ? 2 : 8; turn < turns; ++turn) {
-            Arrangement before = Built, after = Built;
-            const int entered = (turn + 1) % turns;
-            before.PieceTurn[p] = turn;
-            after.PieceTurn[p] = entered;
-            after.PieceX[p] += 10 * entered + 1;
-            after.PieceY[p] -= 100 * entered + 1;
-            const Arrangement turned = Turned(before, p, table);
-            EXPECT_EQ(turned.PieceTurn, after.PieceTurn) << p;
-            EXPECT_EQ(turned.PieceX, after.PieceX) << p << " in turn " << entered;
-            EXPECT_EQ(turned.PieceY, after.PieceY) << p << " in turn " << entered;
-        }
+    }
 }
 
 TEST(RulesTest, APieceMayBeDroppedUpToTheLimitsByItsSizeInThePresentTurn) {
