@@ -104,7 +104,7 @@ TEST(Panel, ScreenReadersHearWhatTheButtonsAreAndWhatTheBoardShows) {
                   std::pair(QAccessible::Graphic, QString("Board")));
         EXPECT_EQ(board->text(QAccessible::Description).toStdString(),
                   "Quillet (1 of 398), Play difficulty: EASY, piece last handled: square, "
-                  "pieces with their final turn: 0 of 7");
+                  "pieces with their final turn: 1 of 7");
         EXPECT_EQ(QAccessible::queryAccessibleInterface(Part("Form1"))->role(), QAccessible::Window);
     });
 }
