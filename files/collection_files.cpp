@@ -76,7 +76,7 @@ std::string RemoveFromFile() {
     std::string hint;
     const FileError error = ChangeCollection([&hint](std::string& text) {
         text = WithoutRecord(text, Game.CurrentQuillet);
-        const FileError notWritten = WriteTemporary(text);
+        FileError notWritten = WriteTemporary(text);
         if (notWritten.empty())
             hint =
                 Game.LineBreak + "The new content is in the file:" + Game.LineBreak + FullPath(TemporaryFile);

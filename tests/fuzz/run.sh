@@ -6,5 +6,5 @@ corpus=$(readlink -f "$3")
 TMPDIR=$(mktemp -d -p "$([ -d /dev/shm ] && echo /dev/shm)")
 export TMPDIR
 trap 'rm -r "$TMPDIR"' EXIT
-"$1" -runs="$([ "${QUILLETS_LONG:-}" ] && echo "$5" || echo "$4")" -dict="$2/tokens.dict" -max_len=8192 -timeout=10 \
+"$1" -runs="$([ "${QUILLETS_LONG:-}" ] && echo "$5" || echo "$4")" -max_len=8192 -timeout=10 \
     -detect_leaks=0 -artifact_prefix="$corpus-found-" -print_final_stats=1 "$corpus" "$2/seeds"

@@ -186,11 +186,12 @@ TEST_F(CollectionFilesTest, CopiedAppendedAndRemovedEveryFigureComesBackTheSame)
     StartWith(Shipped.substr(ShippedHead.size(), Shipped.size() - ShippedHead.size() - 2)); // no last end
     const int last = NearestInt32(Game.QuilletCount) + 1;
     const std::string appended = Shipped + std::to_string(last) + ",60,60,";
+    const std::string asked = "cue click2; " + Last + Focus;
     for (int q = 1; q < last; ++q) {
         SelectQuillet(q);
         EXPECT_EQ(CallsOfButton("Copy"), "cue whoosh1; " + Focus);
         const Places places = PlacesNow();
-        ASSERT_EQ(Append(), "cue click2; " + Last + Focus) << q;
+        ASSERT_EQ(Append(), asked) << q;
         EXPECT_TRUE(Collection().starts_with(appended));
         LaySolution(50, 50);
         EXPECT_EQ(PlacesNow(), places);
