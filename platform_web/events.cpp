@@ -7,6 +7,7 @@
 #include "platform_web/web_desktop.h"
 
 #include <emscripten.h>
+#include <functional>
 
 namespace {
 
@@ -32,6 +33,20 @@ MouseHandler HandlerOf(const Record& record, Deed deed) {
     return nullptr;
 }
 
+/// Moves of the mouse, of which there may be many to a picture, are Unseen until ShowMoves; a Command takes
+/// the mouse from a drag first.
+enum class EventKind { Plain, Unseen, Command };
+
+/// Runs a handler as an event of the form, and shows what it changed.
+void Deliver(const Form& form, EventKind kind, const std::function<void()>& handler) {
+    if (IsHeldUp(form)) return;
+    RunTask([=] {
+        if (kind == EventKind::Command) LoseMouse();
+        handler();
+        if (kind != EventKind::Unseen) ShowAll();
+    });
+}
+
 char* Room(std::string& text, int size) {
     text.assign(static_cast<std::size_t>(size), '\0');
     return text.data();
@@ -41,17 +56,13 @@ char* Room(std::string& text, int size) {
 
 extern "C" {
 
-/// Rooms for a text, for the file that it names, and for a file of the player's own; the page fills them.
+/// Rooms for a text, and for the content of the file that it names; the page fills them.
 EMSCRIPTEN_KEEPALIVE char* RoomForLetter(int size) {
     return Room(Letter, size);
 }
 EMSCRIPTEN_KEEPALIVE char* RoomForFile(int size) {
     return Room(FileOfFolder(Letter), size);
 }
-EMSCRIPTEN_KEEPALIVE char* RoomForOffer(int size) {
-    return Room(OfferedFile, size);
-}
-
 EMSCRIPTEN_KEEPALIVE void Mouse(Form* form, const void* address, int deed, std::int16_t button,
                                 std::int16_t shift, float x, float y) {
     const bool moves = static_cast<Deed>(deed) == Deed::Move;
@@ -103,8 +114,9 @@ EMSCRIPTEN_KEEPALIVE void Scroll(Form* form, ScrollBar* bar, std::int16_t value)
     });
 }
 
+/// The player has turned to the form, which is told when another one was active before.
 EMSCRIPTEN_KEEPALIVE void Activate(Form* form) {
-    TurnTo(*form);
+    if (TurnTo(*form) && form->Activate) Deliver(*form, EventKind::Command, form->Activate);
 }
 
 EMSCRIPTEN_KEEPALIVE void Close(Form* form) {
@@ -129,14 +141,8 @@ EMSCRIPTEN_KEEPALIVE void FollowLink(WebBrowser* browser) {
     Navigate(*browser, Letter);
 }
 
-EMSCRIPTEN_KEEPALIVE void Answer(int button) {
-    TakeAnswer(button);
-    ResumeTasks();
-}
-
-/// A letter tells why the file could not be stored.
-EMSCRIPTEN_KEEPALIVE void Stored() {
-    TakeStored(Letter);
+EMSCRIPTEN_KEEPALIVE void Answer(int answer) {
+    TakeAnswer(answer);
     ResumeTasks();
 }
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <emscripten/fiber.h>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -14,51 +13,41 @@ using PutAway = std::array<char, 16 << 10>;
 
 struct Task {
     emscripten_fiber_t Fiber;
-    std::function<void()> Work;
-    std::function<bool()> Condition;
     PutAway Frames;
     alignas(16) std::array<char, 128 << 10> Stack;
+    std::function<void()> Work;
+    /// What the task waits for; nothing while it runs and when it has ended.
+    std::function<bool()> Condition;
 };
+
+std::vector<std::unique_ptr<Task>> Waiting;
+Task* Running = nullptr;
 
 /// The stack on which the page calls us.
-struct PageStack {
-    emscripten_fiber_t Fiber;
-    PutAway Frames;
-    PageStack() { emscripten_fiber_init_from_current_context(&Fiber, Frames.data(), Frames.size()); }
-};
-
-std::vector<std::unique_ptr<Task>> Idle;
-std::vector<std::unique_ptr<Task>> Waiting;
-std::unique_ptr<Task> Running;
-
-PageStack& Page() {
-    static PageStack page;
-    return page;
+emscripten_fiber_t* Page() {
+    static emscripten_fiber_t fiber;
+    static PutAway frames;
+    if (!fiber.stack_base) emscripten_fiber_init_from_current_context(&fiber, frames.data(), frames.size());
+    return &fiber;
 }
 
 void Enter(void*) {
     Running->Work();
-    emscripten_fiber_t& own = Running->Fiber;
-    Idle.push_back(std::move(Running));
-    emscripten_fiber_swap(&own, &Page().Fiber);
+    emscripten_fiber_swap(&Running->Fiber, Page());
 }
 
+/// Runs the task until it ends or waits.
 void Resume(std::unique_ptr<Task> task) {
-    emscripten_fiber_t& fiber = task->Fiber;
-    Running = std::move(task);
-    emscripten_fiber_swap(&Page().Fiber, &fiber);
-}
-
-std::unique_ptr<Task> TakeLast(std::vector<std::unique_ptr<Task>>& tasks) {
-    std::unique_ptr<Task> last = std::move(tasks.back());
-    tasks.pop_back();
-    return last;
+    Running = task.get();
+    Running->Condition = nullptr;
+    emscripten_fiber_swap(Page(), &task->Fiber);
+    if (task->Condition) Waiting.push_back(std::move(task));
 }
 
 } // namespace
 
 void RunTask(std::function<void()> work) {
-    std::unique_ptr<Task> task = Idle.empty() ? std::make_unique<Task>() : TakeLast(Idle);
+    std::unique_ptr<Task> task(new Task);
     task->Work = std::move(work);
     emscripten_fiber_init(&task->Fiber, Enter, nullptr, task->Stack.data(), task->Stack.size(),
                           task->Frames.data(), task->Frames.size());
@@ -68,12 +57,14 @@ void RunTask(std::function<void()> work) {
 
 void WaitUntil(std::function<bool()> condition) {
     if (condition()) return;
-    emscripten_fiber_t& own = Running->Fiber;
     Running->Condition = std::move(condition);
-    Waiting.push_back(std::move(Running));
-    emscripten_fiber_swap(&own, &Page().Fiber);
+    emscripten_fiber_swap(&Running->Fiber, Page());
 }
 
 void ResumeTasks() {
-    while (!Waiting.empty() && Waiting.back()->Condition()) Resume(TakeLast(Waiting));
+    while (!Waiting.empty() && Waiting.back()->Condition()) {
+        std::unique_ptr<Task> last = std::move(Waiting.back());
+        Waiting.pop_back();
+        Resume(std::move(last));
+    }
 }

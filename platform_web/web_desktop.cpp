@@ -7,11 +7,19 @@
 #include "platform_web/tasks.h"
 
 #include <algorithm>
+#include <emscripten.h>
 #include <map>
 #include <optional>
 #include <utility>
 
-std::string Letter, OfferedFile;
+// clang-format off
+EM_JS(void, CallPage, (const char* name, const char* list), {
+    Page[UTF8ToString(name)](...JSON.parse(UTF8ToString(list)));
+})
+EM_JS(double, SecondsOfDay, (), { const now = new Date(); return (now - new Date(now).setHours(0, 0, 0, 0)) / 1000; })
+// clang-format on
+
+std::string Letter;
 
 namespace {
 
@@ -80,12 +88,10 @@ void PrepareForModal() {
 /// Puts a question to the player and waits; which of its buttons was chosen.
 int Ask(const JsonObject& question) {
     PrepareForModal();
-    Answered.reset();
     Modals.push_back(nullptr);
-    TellPage("ask", Json(question));
-    WaitUntil([] { return Answered.has_value(); });
+    const int answer = AskPage("ask", Json(question));
     Modals.pop_back();
-    return *Answered;
+    return answer;
 }
 
 void Load(Form& form) {
@@ -94,27 +100,13 @@ void Load(Form& form) {
     if (form.Load) form.Load();
 }
 
-/// Takes a file of the player's into the folder; its name there, or nothing after a message.
-std::string TakeIn(const std::string& name, const std::string& ending) {
-    constexpr std::size_t Largest = 16 << 20;
-    const std::string content = std::exchange(OfferedFile, {});
-    const std::string free = FreeName(name.ends_with(ending) ? name : name + ending, content);
-    if (HoldsSomething(free)) return free;
-    const FileError error = content.size() > Largest ? "the file is too large" : ReplaceFile(free, content);
-    if (error.empty()) return free;
-    MsgBox("The file could not be written:\n\r" + free + "\n\r" + error + ".");
-    return {};
-}
-
+/// The page takes in a file of the player's own before it answers with its name.
 std::int32_t AskForFile(OpenFileName& record, const char* kind) {
-    enum Answer { Named, Cancelled, Offered };
     const std::string ending = record.lpstrFile.substr(1, record.lpstrFile.find(' ') - 1);
     const int answer = Ask(JsonObject()("kind", std::string(kind))("title", record.lpstrTitle)(
         "ending", ending)("names", NamesEndingIn(ending)));
-    const std::string name = answer == Offered ? TakeIn(Letter, ending) : Letter;
-    if (answer == Cancelled || name.empty()) return 0;
-    record.lpstrFile = record.lpstrInitialDir + name + '\0';
-    return 1;
+    record.lpstrFile = record.lpstrInitialDir + Letter + '\0';
+    return answer == 0;
 }
 
 } // namespace
@@ -130,15 +122,23 @@ void RunDesktop(Form& startForm, void (*design)()) {
     });
 }
 
-void Deliver(Form& form, EventKind kind, std::function<void()> handler) {
-    if (!form.Visible || (!Modals.empty() && Modals.back() != &form)) return;
-    if (kind == EventKind::Unseen) return RunTask(std::move(handler));
-    RunTask([kind, handler = std::move(handler)] {
-        HandOutNextFile(false);
-        if (kind == EventKind::Command) LoseMouse();
-        handler();
-        ShowAll();
-    });
+void TellPage(const char* function, const std::string& arguments) {
+    CallPage(function, ('[' + arguments + ']').c_str());
+}
+
+int AskPage(const char* function, const std::string& arguments) {
+    Answered.reset();
+    TellPage(function, arguments);
+    WaitUntil([] { return Answered.has_value(); });
+    return *Answered;
+}
+
+void TakeAnswer(int answer) {
+    Answered = answer;
+}
+
+bool IsHeldUp(const Form& form) {
+    return !form.Visible || (!Modals.empty() && Modals.back() != &form);
 }
 
 void ShowAll() {
@@ -153,15 +153,8 @@ void LoseMouse() {
         });
 }
 
-void TurnTo(Form& form) {
-    if (std::exchange(LastActive, &form) == &form) return;
-    Deliver(form, EventKind::Command, [&form] {
-        if (form.Activate) form.Activate();
-    });
-}
-
-void TakeAnswer(int button) {
-    Answered = button;
+bool TurnTo(Form& form) {
+    return std::exchange(LastActive, &form) != &form;
 }
 
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
@@ -184,7 +177,6 @@ std::int32_t GetOpenFileNameA(OpenFileName& record) {
 }
 
 std::int32_t GetSaveFileNameA(OpenFileName& record) {
-    HandOutNextFile(true);
     return AskForFile(record, "save");
 }
 
@@ -276,6 +268,10 @@ void GoForward(WebBrowser& browser) {
 void EndProgram() {
     TellPage("end");
     for (;;) WaitUntil([] { return false; });
+}
+
+float Timer() {
+    return static_cast<float>(SecondsOfDay());
 }
 
 std::string ApplicationFolder() {

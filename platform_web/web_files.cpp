@@ -2,18 +2,13 @@
 // memory, and the task that makes it waits for that: memory never knows more than the storage.
 #include "platform/files.h"
 #include "platform_web/description.h"
-#include "platform_web/tasks.h"
 #include "platform_web/web_desktop.h"
 
 #include <map>
-#include <optional>
-#include <utility>
 
 namespace {
 
 std::map<std::string, std::string> Folder;
-std::optional<FileError> StoredError;
-bool HandsOut = false;
 
 std::string NameIn(const std::string& path) {
     return path.substr(path.rfind(PathSeparator) + 1);
@@ -24,17 +19,10 @@ const std::string* Find(const std::string& path) {
     return found == Folder.end() ? nullptr : &found->second;
 }
 
-void TellContent(const char* function, const std::string& path, const std::string& content) {
-    TellPage(function,
-             Json(NameIn(path)) + ',' + Json(content.data()) + ',' + std::to_string(content.size()));
-}
-
 FileError Store(const std::string& path, const std::string& content) {
-    StoredError.reset();
-    TellContent("store", path, content);
-    WaitUntil([] { return StoredError.has_value(); });
-    if (StoredError->empty()) Folder[NameIn(path)] = content;
-    return *StoredError;
+    AskPage("store", Json(NameIn(path)) + ',' + Json(content.data()) + ',' + std::to_string(content.size()));
+    if (Letter.empty()) Folder[NameIn(path)] = content;
+    return Letter;
 }
 
 } // namespace
@@ -48,22 +36,6 @@ std::vector<std::string> NamesEndingIn(const std::string& ending) {
     for (const auto& [name, content] : Folder)
         if (name.ends_with(ending)) names.push_back(name);
     return names;
-}
-
-std::string FreeName(const std::string& name, const std::string& content) {
-    const std::size_t dot = name.rfind('.');
-    std::string free = name;
-    for (int number = 2; Find(free) && *Find(free) != content; ++number)
-        free = name.substr(0, dot) + ' ' + std::to_string(number) + name.substr(dot);
-    return free;
-}
-
-void HandOutNextFile(bool handOut) {
-    HandsOut = handOut;
-}
-
-void TakeStored(const std::string& error) {
-    StoredError = error;
 }
 
 std::int32_t FileLength(const std::string& path) {
@@ -81,9 +53,7 @@ FileError ReadFile(const std::string& path, std::size_t limit, std::string& cont
 }
 
 FileError ReplaceFile(const std::string& path, const std::string& content) {
-    const FileError error = Store(path, content);
-    if (error.empty() && std::exchange(HandsOut, false)) TellContent("handOut", path, content);
-    return error;
+    return Store(path, content);
 }
 
 bool SameFile(const std::string& one, const std::string& other) {

@@ -15,7 +15,6 @@ function make(tag, properties = {}, ...children) {
     element.append(...children);
     return element;
 }
-
 const makeButton = (text, onclick, more = {}) => make("button", { className: "button", type: "button", onclick, ...more }, text);
 
 function makeIcon(name, kind) {
@@ -52,21 +51,26 @@ function fill(room, bytes) {
     const place = room(bytes.length);
     Game.HEAPU8.set(bytes, place);
 }
-
 /** Gives the engine a text for its next call. */
 const leaveLetter = text => fill(Game._RoomForLetter, new TextEncoder().encode(text));
+const answerGame = (answer, text = "") => deliver(() => (leaveLetter(text), Game._Answer(answer)));
+const press = ({ record }, item) => () => deliver(() => (wantsCopy = false, Game._Press(record, item.record)));
+
+function layFile(name, content) {
+    leaveLetter(name);
+    fill(Game._RoomForFile, content);
+}
 
 // ---- The folder, in the browser's database. A change is one transaction, on the disk when it ends.
 
 const FolderId = `quillets ${new URL(".", location).pathname}`;
-let Database = null;
+/** The file that is stored next is handed out as well. */
+let Database = null, wantsCopy = false;
 
-function resultOf(request) {
-    return new Promise((resolve, reject) => {
-        request.onsuccess = () => resolve(request.result);
-        request.onerror = () => reject(request.error);
-    });
-}
+const resultOf = request => new Promise((resolve, reject) => {
+    request.onsuccess = () => resolve(request.result);
+    request.onerror = () => reject(request.error);
+});
 
 async function openDatabase() {
     const opening = indexedDB.open(FolderId, 1);
@@ -80,28 +84,26 @@ async function storedFiles() {
     return names.map((name, i) => [name, contents[i]]);
 }
 
-function changeStored(change) {
-    return new Promise((resolve, reject) => {
-        const transaction = Database.transaction("files", "readwrite", { durability: "strict" });
-        transaction.oncomplete = resolve;
-        transaction.onabort = () => reject(transaction.error);
-        change(transaction.objectStore("files"));
-    });
-}
+/** Resolves to nothing when the change is stored, else to the reason why not. */
+const changeStored = change => new Promise((resolve, reject) => {
+    const transaction = Database.transaction("files", "readwrite", { durability: "strict" });
+    transaction.oncomplete = () => resolve("");
+    transaction.onabort = () => reject(transaction.error);
+    change(transaction.objectStore("files"));
+}).catch(reasonOf);
 
-function reasonOf(fault) {
-    if (fault?.name === "QuotaExceededError") return "the browser's storage is full";
-    return `the browser stores nothing for this page (${fault?.name})`;
-}
+const reasonOf = fault => fault?.name === "QuotaExceededError" ? "the browser's storage is full"
+    : `the browser stores nothing for this page (${fault?.name})`;
 
-function store(name, place, length) {
+async function store(name, place, length) {
     const content = Game.HEAPU8.slice(place, place + length);
     isStoring = true;
-    changeStored(files => files.put(content, name)).then(() => "", reasonOf).then(reason => {
-        isStoring = false;
-        Deeds.unshift(() => (leaveLetter(reason), Game._Stored()));
-        deliver();
-    });
+    const reason = await changeStored(files => files.put(content, name));
+    isStoring = false;
+    if (wantsCopy && !reason) handOut(name, content);
+    wantsCopy = false;
+    Deeds.unshift(() => (leaveLetter(reason), Game._Answer(0)));
+    deliver();
 }
 
 function handOut(name, content) {
@@ -112,16 +114,14 @@ function handOut(name, content) {
 
 // ---- Surfaces. A canvas has as many pixels as the display gives it, and stands on them.
 
-const Surfaces = new Map();
-const PrintedRatio = 4, RowsOfABand = 64;
+const Surfaces = new Map(), PrintedRatio = 4, RowsOfABand = 64;
 const scaleOf = element => parseFloat(getComputedStyle(element).getPropertyValue("--s")) || 1;
 const snap = at => Math.round(at * devicePixelRatio) / devicePixelRatio;
 const isOnScreen = element => element.getClientRects().length > 0;
 
 /** Gives the canvas its pixels; whether they have changed. */
 function fit({ canvas, columns, rows, ratio = devicePixelRatio }) {
-    const scale = scaleOf(canvas) * ratio;
-    const [width, height] = [columns, rows].map(side => Math.max(1, Math.floor(side * scale + 0.01)));
+    const scale = scaleOf(canvas) * ratio, [width, height] = [columns, rows].map(side => Math.max(1, Math.floor(side * scale + 0.01)));
     Object.assign(canvas.style, { width: `${width / ratio}px`, height: `${height / ratio}px` });
     if (canvas.width === width && canvas.height === height) return false;
     Object.assign(canvas, { width, height });
@@ -130,26 +130,23 @@ function fit({ canvas, columns, rows, ratio = devicePixelRatio }) {
 
 function align({ canvas }) {
     canvas.style.translate = "";
-    const { left, top } = canvas.getBoundingClientRect();
-    const [x, y] = [left + scrollX, top + scrollY].map(at => snap(at) - at);
-    if (x || y) canvas.style.translate = `${x}px ${y}px`;
+    const { left, top } = canvas.getBoundingClientRect(), [x, y] = [left + scrollX, top + scrollY].map(at => snap(at) - at);
+    if (Math.abs(x) + Math.abs(y) > 0.02) canvas.style.translate = `${x}px ${y}px`;
 }
 
 function fitAll() {
-    for (const [record, surface] of Surfaces) {
-        if (!isOnScreen(surface.canvas)) continue;
-        if (fit(surface)) paint(record, 0, surface.rows);
+    for (const [record, surface] of Surfaces) if (isOnScreen(surface.canvas)) {
+        if (fit(surface)) paint(record);
         align(surface);
     }
 }
 
 /** Shows rows, with those beside them: edges go by their neighbours. Letters reach over rows. */
-function paint(record, first, last) {
-    const surface = Surfaces.get(record);
-    if (!surface || !isOnScreen(surface.canvas)) return;
-    if (fit(surface) || surface.texts.length) [first, last] = [0, surface.rows];
-    const { canvas, rows } = surface, scale = canvas.height / rows;
-    const end = Math.min(canvas.height, Math.ceil((last + 1) * scale));
+function paint(record, first = 0, last = Infinity) {
+    const surface = Surfaces.get(record), canvas = surface?.canvas;
+    if (!canvas || !isOnScreen(canvas)) return;
+    if (fit(surface) || surface.texts.length) [first, last] = [0, Infinity];
+    const scale = canvas.height / surface.rows, end = Math.min(canvas.height, Math.ceil((last + 1) * scale));
     for (let row = Math.max(0, Math.floor((first - 1) * scale)); row < end; row += RowsOfABand)
         paintBand(record, canvas, row, Math.min(end, row + RowsOfABand));
     for (const text of surface.texts) paintText(canvas.getContext("2d"), text, scale);
@@ -169,36 +166,29 @@ function paintText(context, { text, ink, x, y }, scale) {
 function showSurface(canvas, { surface, columns, rows, texts = [] }) {
     const known = Surfaces.get(surface);
     Surfaces.set(surface, { ...known, canvas, columns, rows, texts });
-    if (known?.columns !== columns || known.rows !== rows) paint(surface, 0, rows);
+    if (known?.columns !== columns || known.rows !== rows) paint(surface);
 }
 
 // ---- Controls. A kind has a way to be made, and most have one to be brought in line with their description.
 
-const Controls = new Map();
+const Controls = new Map(), Addresses = new Map();
 const makeText = (pane, control) => watch(make("div", { className: control.kind }), pane, control);
-const press = (pane, { record }) => () => deliver(() => Game._Press(pane.record, record));
 const makers = {
-    label: makeText,
-    text: makeText,
-    picture: makePicture,
+    label: makeText, text: makeText, picture: makePicture, bar: makeBar, browser: makeBrowser,
     frame: () => make("fieldset", {}, make("legend")),
     button: (pane, control) => makeButton("", press(pane, control)),
-    tile: (pane, control) => make("button", { className: "tile", type: "button", title: control.tip, ariaLabel: control.tip,
-        onclick: press(pane, control) }, makeIcon(control.icon, "icon")),
-    bar: makeBar,
-    browser: makeBrowser,
+    tile: (pane, control) => makeButton(makeIcon(control.icon, "icon"), press(pane, control),
+        { className: "tile", title: control.tip, ariaLabel: control.tip }),
 };
 const showers = {
+    text: showText, button: showText,
     browser: (frame, { record }) => goTo(record, Addresses.get(record)),
     label(element, control) {
         showText(element, control);
         element.hidden ||= control.fits && !control.text;
-        element.classList.toggle("centred", control.centred);
-        element.classList.toggle("fits", control.fits);
+        element.className = `label control${control.centred ? " centred" : ""}${control.fits ? " fits" : ""}${control.mouse ? " mouse" : ""}`;
         Object.assign(element.style, { color: control.ink, backgroundColor: control.ground });
     },
-    text: showText,
-    button: showText,
     picture(element, control) {
         if (element.localName === "canvas" && control.visible) showSurface(element, control);
         if (control.words && control.words !== byId("words").textContent.trim()) say(control.words);
@@ -231,12 +221,12 @@ function showControl(pane, parent, control) {
         parent.append(element);
         Controls.set(record, { element });
     }
-    const known = Controls.get(record);
+    const known = Controls.get(record), { element } = known;
     if (known.text === text) return;
-    known.text = text;
-    for (const side of ["x", "y", "width", "height"]) known.element.style.setProperty(`--${side}`, control[side]);
-    known.element.toggleAttribute("hidden", !visible);
-    showers[kind]?.(known.element, control, pane);
+    Object.assign(known, { text, words: control.words });
+    for (const side of ["x", "y", "width", "height"]) element.style.setProperty(`--${side}`, control[side]);
+    element.toggleAttribute("hidden", !visible);
+    showers[kind](element, control, pane);
 }
 
 function makePicture(pane, control) {
@@ -250,9 +240,9 @@ const shiftOf = event => (event.shiftKey ? 1 : 0) + (event.ctrlKey ? 2 : 0) + (e
 
 /** Tab is a key of the game here, but for the one after Escape. */
 function takeKeys(canvas, pane, { record }) {
+    let isLeaving = false;
     canvas.tabIndex = 0;
     canvas.setAttribute("aria-describedby", "words leaving");
-    let isLeaving = false;
     canvas.onkeydown = event => {
         const code = event.keyCode, leaves = code === 9 && isLeaving;
         event.stopPropagation();
@@ -274,30 +264,25 @@ function makeBar(pane, { record }) {
     };
     bar.oninput = () => turn(bar.value);
     bar.onkeydown = event => {
-        const { small, large } = bar;
-        const step = { ArrowUp: -small, ArrowLeft: -small, ArrowDown: small, ArrowRight: small, PageUp: -large, PageDown: large }[event.key];
-        if (!step) return;
+        const steps = { ArrowUp: -bar.small, ArrowLeft: -bar.small, ArrowDown: bar.small, ArrowRight: bar.small, PageUp: -bar.large, PageDown: bar.large };
+        if (!(event.key in steps)) return;
         event.preventDefault();
-        turn(Number(bar.value) + step);
+        turn(Number(bar.value) + steps[event.key]);
     };
-    pane.element.addEventListener("wheel", event => bar.disabled || turn(Number(bar.value) + Math.sign(event.deltaY) * bar.large),
-        { passive: true });
+    pane.element.onwheel = event => bar.disabled || turn(Number(bar.value) + Math.sign(event.deltaY) * bar.large);
     return bar;
 }
-
-const Addresses = new Map();
 
 /** The help page. Its links are followed by the game, which keeps the history. */
 function makeBrowser(pane, { record }) {
     const frame = make("iframe", { className: "browser", title: "Help" });
     frame.onload = () => {
-        const page = frame.contentDocument;
-        page.addEventListener("pointerdown", () => turnTo(pane));
-        page.addEventListener("click", event => {
+        frame.contentDocument.onpointerdown = () => turnTo(pane);
+        frame.contentDocument.onclick = event => {
             const link = event.target.closest?.("a[href]")?.getAttribute("href");
             if (link) event.preventDefault();
             if (link?.startsWith("#")) deliver(() => (leaveLetter(Addresses.get(record).split("#")[0] + link), Game._FollowLink(record)));
-        });
+        };
         jump(frame, Addresses.get(record));
     };
     return frame;
@@ -310,8 +295,8 @@ function goTo(record, address) {
     else if (frame) frame.src = page;
 }
 
-function jump({ contentDocument: page, contentWindow }, address) {
-    const anchor = address.split("#")[1], target = anchor && page.getElementsByName(anchor)[0];
+function jump({ contentDocument, contentWindow }, address) {
+    const anchor = address.split("#")[1], target = anchor && contentDocument.getElementsByName(anchor)[0];
     if (target) target.scrollIntoView();
     else contentWindow.scrollTo(0, 0);
 }
@@ -319,6 +304,7 @@ function jump({ contentDocument: page, contentWindow }, address) {
 // ---- The pointer. A finger is the left button; held still, or joined by a second one, the right one.
 
 const Buttons = [1, 4, 2], HeldFor = 500, StillWithin = 8;
+const isFinger = event => event.pointerType === "touch" || event.pointerType === "pen" && event.button !== 2 && event.buttons !== 2;
 
 /** Lets the engine hear of the pointer on an element, where its record has a handler. */
 function watch(element, pane, control) {
@@ -329,12 +315,9 @@ function watch(element, pane, control) {
     on("pointerdown", mouseDown, fingerDown);
     on("pointermove", mouseMove, fingerMove);
     on("pointerup", mouseUp, fingerUp);
-    on("pointercancel", loseMouse, loseMouse);
-    on("lostpointercapture", loseMouse, loseMouse);
+    for (const name of ["pointercancel", "lostpointercapture"]) on(name, loseMouse, loseMouse);
     return element;
 }
-
-const isFinger = event => event.pointerType === "touch" || event.pointerType === "pen" && event.button !== 2 && event.buttons !== 2;
 
 function pixelAt({ element, control }, event) {
     const place = element.getBoundingClientRect(), scale = element.localName === "canvas" ? control.columns / place.width : 1;
@@ -361,8 +344,7 @@ function mouseUp(hand, event) {
 
 /** A second button that goes down or up beside another one comes as a move. */
 function mouseMove(hand, event) {
-    if (event.button > 0 || event.button === 0 && !isFinger(event))
-        return (event.buttons & Buttons[event.button] ? mouseDown : mouseUp)(hand, event);
+    if (event.button >= 0 && !isFinger(event)) return (event.buttons & Buttons[event.button] ? mouseDown : mouseUp)(hand, event);
     const steps = event.getCoalescedEvents?.() || [];
     for (const step of steps.length ? steps : [event]) {
         const pixel = pixelAt(hand, step);
@@ -380,18 +362,16 @@ function loseMouse(hand) {
 function fingerDown(hand, event) {
     if (hand.finger) return pressRight(hand);
     hand.element.setPointerCapture(event.pointerId);
-    hand.finger = { id: event.pointerId, start: pixelAt(hand, event), x: event.clientX, y: event.clientY,
-        timer: setTimeout(() => pressRight(hand), HeldFor) };
+    const { pointerId: id, clientX: x, clientY: y } = event;
+    hand.finger = { id, x, y, start: pixelAt(hand, event), timer: setTimeout(() => pressRight(hand), HeldFor) };
 }
 
 /** Where the finger lies, the right button goes down and up; in the middle of a drag it does nothing. */
 function pressRight(hand) {
-    const { finger } = hand;
     if (hand.isPressed) return;
-    clearTimeout(finger.timer);
-    finger.isSpent = true;
-    tell(hand, Down, 2, finger.start);
-    tell(hand, Up, 2, finger.start);
+    clearTimeout(hand.finger.timer);
+    hand.finger.isSpent = true;
+    for (const deed of [Down, Up]) tell(hand, deed, 2, hand.finger.start);
 }
 
 function fingerMove(hand, event) {
@@ -425,7 +405,8 @@ function dropFinger(hand) {
 
 const Panes = new Map();
 let TopLayer = 1;
-const isShown = ({ element }) => element.localName === "dialog" ? element.open : !element.hidden;
+const isSection = ({ element }) => element.localName === "section";
+const isShown = pane => isSection(pane) ? !pane.element.hidden : pane.element.open;
 
 function show(form) {
     if (!Panes.has(form.record)) Panes.set(form.record, makePane(form));
@@ -436,26 +417,24 @@ function show(form) {
     if (opens) open(pane);
     if (form.showsImage) showSurface(pane.canvas, form);
     for (const control of form.controls) showControl(pane, pane.client, control);
-    if (opens) placePane(pane);
-    if (pane.element.localName === "section") arrangeDesk();
+    if (isSection(pane)) arrangeDesk();
+    else if (opens) placePane(pane);
 }
 
 function makePane(form) {
-    const title = make("h2", { id: `${form.id}.caption` }), client = make("div", { className: "client", tabIndex: -1 });
+    const title = make("h2", { id: `${form.id}.caption` }), caption = make("header", { className: "caption" }, title);
+    const client = make("div", { className: "client", tabIndex: -1 });
     const element = make(form.centred ? "dialog" : "section", { id: form.id, className: "pane", hidden: !form.centred });
-    const pane = { record: form.record, element, title, client, form }, caption = make("header", { className: "caption" }, title);
+    const pane = { record: form.record, element, title, client, form };
     element.setAttribute("aria-labelledby", title.id);
     if (form.closes) caption.append(makeButton("\u00d7", () => deliver(() => Game._Close(form.record)), { className: "close", ariaLabel: "Close" }));
     moveBy(caption, pane);
     element.append(caption, ...form.menus.map(menu => makeMenu(pane, menu)), client);
-    if (form.showsImage) {
-        pane.canvas = watch(make("canvas", { className: "whole", role: "img", ariaLabel: form.text }), pane, form);
-        client.append(pane.canvas);
-    }
+    if (form.showsImage) client.append(pane.canvas = watch(make("canvas", { className: "whole", role: "img", ariaLabel: form.text }), pane, form));
     element.addEventListener("pointerdown", () => turnTo(pane), true);
     element.addEventListener("focusin", () => turnTo(pane));
-    element.addEventListener("keydown", event => keyOnForm(pane, event));
-    element.addEventListener("cancel", event => event.preventDefault());
+    element.onkeydown = event => keyOnForm(pane, event);
+    element.oncancel = event => event.preventDefault();
     if (form.sizable) new ResizeObserver(() => resized(pane)).observe(client);
     byId("desk").append(element);
     return pane;
@@ -473,14 +452,14 @@ function turnTo({ record }) {
 }
 
 function open({ element, form }) {
-    if (element.localName === "section") element.hidden = false;
+    if (isSection({ element })) element.hidden = false;
     else if (form.modal) element.showModal();
     else element.setAttribute("open", "");
 }
 
 function hide({ element }) {
     const hadFocus = element.contains(document.activeElement);
-    if (element.localName === "section") element.hidden = true;
+    if (isSection({ element })) element.hidden = true;
     else if (element.matches(":modal")) element.close();
     else element.removeAttribute("open");
     element.classList.remove("printed");
@@ -489,7 +468,7 @@ function hide({ element }) {
 
 /** Dialogs lie above the game's two windows, whichever has the keyboard. */
 function raise(record) {
-    const { element } = Panes.get(record), layer = element.localName === "dialog" ? 1e6 : 0;
+    const { element } = Panes.get(record), layer = isSection({ element }) ? 0 : 1e6;
     if (Number(element.style.zIndex) !== TopLayer + layer) element.style.zIndex = ++TopLayer + layer;
 }
 
@@ -500,34 +479,30 @@ function focus(record) {
 }
 
 function moveTo(pane, x, y) {
-    const { element } = pane;
-    pane.x = snap(Math.max(0, Math.min(x, innerWidth - element.offsetWidth)));
+    pane.x = snap(Math.max(0, Math.min(x, innerWidth - pane.element.offsetWidth)));
     pane.y = snap(Math.max(0, Math.min(y, innerHeight - 32)));
-    Object.assign(element.style, { left: `${pane.x}px`, top: `${pane.y}px` });
+    Object.assign(pane.element.style, { left: `${pane.x}px`, top: `${pane.y}px` });
 }
-
 const centre = pane => moveTo(pane, (innerWidth - pane.element.offsetWidth) / 2, (innerHeight - pane.element.offsetHeight) / 2);
 
 function placePane(pane) {
-    const { element, form, client } = pane;
-    if (element.localName === "section") return;
     scalePane(pane);
     centre(pane);
     fitAll();
-    if (form.modal || !form.quiet) (client.querySelector(".button") || client).focus({ preventScroll: true });
+    if (pane.form.modal || !pane.form.quiet) (pane.client.querySelector(".button") || pane.client).focus({ preventScroll: true });
 }
 
 /** A picture that is larger than its room is shown smaller, but never below the display's pixels. */
 function scalePane({ element, client, form, canvas }) {
     for (const side of ["width", "height"]) if (!form.sizable || !client.style.getPropertyValue(`--${side}`)) client.style.setProperty(`--${side}`, form[side]);
-    const around = element.offsetHeight - client.offsetHeight;
-    const room = Math.min((innerWidth - (isCoarse.matches ? 16 : 2)) / form.width, (innerHeight - around - 1) / form.height);
+    const around = element.offsetHeight - client.offsetHeight + 1, beside = isCoarse.matches ? 16 : 2;
+    const room = Math.min((innerWidth - beside) / form.width, (innerHeight - around) / form.height);
     if (canvas) client.style.setProperty("--s", Math.min(1, Math.max(room, 1 / devicePixelRatio)));
 }
 
 /** The game's two windows stand where they were, or side by side; on a narrow page the style sheet sets them. */
 function arrangeDesk() {
-    const panes = [...Panes.values()].filter(pane => pane.element.localName === "section" && isShown(pane));
+    const panes = [...Panes.values()].filter(pane => isSection(pane) && isShown(pane));
     panes.forEach(scalePane);
     for (const frame of document.querySelectorAll("fieldset:has(canvas)"))
         frame.style.setProperty("--s", Math.min(1, (frame.clientWidth - 12) / 245, (frame.clientHeight - 18) / 277));
@@ -547,16 +522,14 @@ function separate(a, b) {
     moveTo(b, (free + gap) / 2 + a.element.offsetWidth, top);
     [a, b].forEach(tellPlace);
 }
-
 const tellPlace = ({ record, x, y }) => deliver(() => Game._Moved(record, Math.round(x), Math.round(y)));
 
 function moveBy(caption, pane) {
     let grip = null;
     caption.onpointerdown = event => {
-        const isFixed = pane.element.localName === "section" && !isWide.matches;
-        if (event.button !== 0 || isFixed || event.target.localName === "button") return;
-        caption.setPointerCapture(event.pointerId);
+        if (event.button !== 0 || isSection(pane) && !isWide.matches || event.target.localName === "button") return;
         const { left, top } = pane.element.getBoundingClientRect();
+        caption.setPointerCapture(event.pointerId);
         grip = { x: event.clientX - left, y: event.clientY - top };
     };
     caption.onpointermove = event => {
@@ -581,6 +554,7 @@ function layOutAnew() {
         moveTo(pane, pane.x, pane.y);
     }
     arrangeDesk();
+    for (const record of Surfaces.keys()) paint(record);
 }
 
 /** Not every browser calls it another size when the page goes to a screen of another ratio. */
@@ -619,23 +593,18 @@ function stepThrough(event, list, setOpen) {
 // ---- Questions. The answer is a button, counted from 0; Escape is the last one.
 
 function askBy({ title, buttons, preset = 0, role = "dialog" }, content, answer) {
-    const caption = make("h2", { id: `question.${++TopLayer}` }, title), head = make("header", { className: "caption" }, caption);
-    const element = make("dialog", { className: "pane question", role });
+    const caption = make("header", { className: "caption" }, make("h2", { id: `question.${++TopLayer}` }, title));
+    const answers = make("div", { className: "answers" }, ...buttons.map((text, i) => makeButton(text, () => close(i))));
+    const element = make("dialog", { className: "pane question", role }, caption, content, answers);
     const close = button => {
         element.close();
         element.remove();
         answer(button);
     };
-    const answers = make("div", { className: "answers" }, ...buttons.map((text, i) => makeButton(text, () => close(i))));
-    moveBy(head, { element });
-    element.setAttribute("aria-labelledby", caption.id);
-    element.append(head, content, answers);
-    element.addEventListener("cancel", event => event.preventDefault());
-    element.onkeydown = event => {
-        if (event.key !== "Escape") return;
-        event.preventDefault();
-        close(buttons.length - 1);
-    };
+    moveBy(caption, { element });
+    element.setAttribute("aria-labelledby", caption.firstChild.id);
+    element.oncancel = event => event.preventDefault();
+    element.onkeydown = event => event.key === "Escape" && (event.preventDefault(), close(buttons.length - 1));
     document.body.append(element);
     element.showModal();
     centre({ element });
@@ -643,50 +612,57 @@ function askBy({ title, buttons, preset = 0, role = "dialog" }, content, answer)
     return close;
 }
 
-function askByBox(box, answer) {
-    const text = make("p", { className: "message" }, box.text);
-    askBy({ ...box, preset: Number(box.preset || 0), role: "alertdialog" }, make("div", { className: "content" }, make("span", { className: box.icon }), text), answer);
+function askByBox(box, answer = () => {}) {
+    const content = make("div", { className: "content" }, make("span", { className: box.icon || "" }), make("p", { className: "message" }, box.text));
+    askBy({ ...box, preset: Number(box.preset || 0), role: "alertdialog" }, content, answer);
 }
 
-const Named = 0, Cancelled = 1, Offered = 2;
+const Named = 0, Cancelled = 1;
 /** A file of the player's own on its way to the dialog that it opens, and how a dialog that stands takes one. */
 let Offer = null, takeOffer = null;
-const answerGame = answer => deliver(() => Game._Answer(answer));
 
 function ask(question) {
     if (question.kind === "box") askByBox(question, answerGame);
-    else if (Offer) offer(Offer);
+    else if (Offer) takeIn(question, Offer);
     else askForFile(question);
 }
 
-async function offer(file) {
+/** Stores a file of the player's own under a name that no other file has. */
+async function takeIn({ names, ending }, file) {
+    const content = new Uint8Array(await file.arrayBuffer()), stored = new Map(Database ? await storedFiles() : []);
+    const stem = file.name.endsWith(ending) ? file.name.slice(0, -ending.length) : file.name;
+    const isSame = name => String(stored.get(name)) === String(content);
+    let name = stem + ending;
+    for (let n = 2; names.includes(name) && !isSame(name); ++n) name = `${stem} ${n}${ending}`;
+    const reason = isSame(name) ? "" : await changeStored(files => files.put(content, name));
     Offer = null;
-    const content = new Uint8Array(await file.arrayBuffer());
-    deliver(() => (fill(Game._RoomForOffer, content), leaveLetter(file.name), Game._Answer(Offered)));
+    if (reason) return askByBox({ title: "Quillets", text: `The file could not be written:\n${name}\n${reason}.`, buttons: ["OK"] }, () => answerGame(Cancelled));
+    deliver(() => layFile(name, content));
+    answerGame(Named, name);
 }
 
-function askForFile({ kind, title, names, ending }) {
-    const saves = kind === "save", take = { value: null };
+function askForFile(question) {
+    const { kind, title, names, ending } = question, saves = kind === "save";
     const list = make("select", { size: 8, ariaLabel: "Files" }, ...names.map(name => make("option", {}, name)));
-    const own = saves ? make("input", { type: "text", value: `*${ending}`, spellcheck: false, autocomplete: "off" })
-        : make("input", { type: "file", accept: ending });
+    const own = make("input", saves ? { type: "text", value: `*${ending}`, spellcheck: false, autocomplete: "off" } : { type: "file", accept: ending });
     const content = make("form", { className: "content files" }, list, make("label", {}, saves ? "File name" : "From this computer", own));
+    let offered = null;
     const close = askBy({ title, buttons: [saves ? "Save" : "Open", "Cancel"] }, content, button => {
         const name = (saves ? own : list).value.trim().split(/[/\\]/).at(-1);
         takeOffer = null;
-        if (take.value) offer(take.value);
-        else if (button === Cancelled || !name) answerGame(Cancelled);
-        else deliver(() => (leaveLetter(name), Game._Answer(Named)));
+        wantsCopy = saves;
+        if (offered) takeIn(question, offered);
+        else answerGame(name ? button : Cancelled, name);
     });
-    takeOffer = file => (take.value = file, close(Offered));
+    takeOffer = file => (offered = file, close(Named));
     list.selectedIndex = 0;
     list.ondblclick = () => close(Named);
     list.onkeydown = event => event.key === "Enter" && close(Named);
     content.onsubmit = event => (event.preventDefault(), close(Named));
-    if (saves) list.onchange = () => own.value = list.value;
-    else own.onchange = () => own.files[0] && takeOffer(own.files[0]);
+    list.onchange = () => saves && (own.value = list.value);
+    own.onchange = () => own.files?.[0] && takeOffer(own.files[0]);
     (saves ? own : list).focus();
-    if (saves) own.select();
+    own.select?.();
 }
 
 /** A file that is dropped on the page is opened as by the menu. */
@@ -702,8 +678,7 @@ function takeDrop(event) {
 
 // ---- Sound, speech, print.
 
-const CueNames = ["Click", "Error", "GiveUp", "Slide", "clap4", "click2", "shsh-dot", "thank", "whoosh1"];
-const Cues = new Map();
+const CueNames = ["Click", "Error", "GiveUp", "Slide", "clap4", "click2", "shsh-dot", "thank", "whoosh1"], Cues = new Map();
 let Sound = null, Speaker = null;
 
 function loadCues() {
@@ -715,7 +690,7 @@ function loadCues() {
 /** A cue that cannot be had is no fault of play. */
 async function play(file) {
     const buffer = await Cues.get(file.replace(".wav", ""));
-    if (!buffer || !Sound) return;
+    if (!buffer) return;
     if (!Speaker) (Speaker = new GainNode(Sound)).connect(Sound.destination);
     const source = new AudioBufferSourceNode(Sound, { buffer });
     source.connect(Speaker);
@@ -728,12 +703,10 @@ function silence() {
 }
 
 /** Words that are the same as before are new with a blank behind them. */
-function say(words) {
-    byId("words").textContent = byId("words").textContent === words ? `${words}\u00a0` : words;
-}
+const say = words => byId("words").textContent = byId("words").textContent === words ? `${words}\u00a0` : words;
 
 function sayOf(record) {
-    const { words } = JSON.parse(Controls.get(record)?.text || "{}");
+    const words = Controls.get(record)?.words;
     if (words) say(words);
 }
 
@@ -744,11 +717,10 @@ function print(record) {
 }
 
 function setPrintedRatio(ratio) {
-    for (const { element, client, form } of Panes.values()) {
-        if (!element.classList.contains("printed")) continue;
+    for (const { element, client, form } of Panes.values()) if (element.classList.contains("printed")) {
         Surfaces.get(form.surface).ratio = ratio;
         client.style.setProperty("--s", 1);
-        paint(form.surface, 0, form.rows);
+        paint(form.surface);
     }
     if (!ratio) layOutAnew();
 }
@@ -759,25 +731,25 @@ const Channel = new BroadcastChannel(FolderId);
 let letGo = () => {};
 
 /** Shows a text in place of the game, and a button. */
-function finish(text, action = "Start again", act = () => location.reload()) {
+function finish(text, action = "Start again", act = () => location.reload(), ...more) {
     isOver = true;
     document.querySelectorAll(".pane").forEach(pane => pane.remove());
     const button = makeButton(action, act);
-    const notice = make("section", { className: "pane notice", ariaLabel: "Quillets" },
+    byId("desk").append(make("section", { className: "pane notice", ariaLabel: "Quillets" },
         make("header", { className: "caption" }, make("h2", {}, "Quillets")),
         make("div", { className: "content" }, makeIcon("quillets", "picture"), make("p", { className: "message" }, text)),
-        make("div", { className: "answers" }, button));
-    byId("desk").append(notice);
+        make("div", { className: "answers" }, button), ...more));
     button.focus();
     letGo();
-    return notice;
 }
 
+/** The player's files can be taken out and thrown away also when the game does not start with them. */
 async function end() {
-    finish("The game has ended.").append(make("ul", { className: "kept" }, ...(Database ? await storedFiles() : []).map(keptFile)));
+    const list = make("ul", { className: "kept" });
+    finish("The game has ended.", undefined, undefined, list);
+    list.append(...(Database ? await storedFiles() : []).map(keptFile));
 }
 
-/** A file of the player's can be taken out and thrown away, also when the game does not start with it. */
 function keptFile([name, content]) {
     const drop = answer => answer === 0 && changeStored(files => files.delete(name)).then(() => row.remove());
     const row = make("li", {}, make("span", {}, name), makeButton("Download", () => handOut(name, content)),
@@ -795,10 +767,7 @@ async function run(engine, shipped) {
     let fault = "";
     const stored = await openDatabase().then(storedFiles).catch(error => (fault = reasonOf(error), []));
     Game = await engine;
-    for (const [name, content] of [...(await shipped).flat(), ...stored]) {
-        leaveLetter(name);
-        fill(Game._RoomForFile, content);
-    }
+    for (const file of [...(await shipped).flat(), ...stored]) layFile(...file);
     deliver(() => (leaveLetter(fault), Game._Start()));
     navigator.serviceWorker?.register("service_worker.js").catch(console.warn);
     return new Promise(resolve => letGo = resolve);
@@ -817,20 +786,17 @@ function waitForOtherTab(start) {
 
 function giveUp() {
     if (isOver || !Game) return;
-    if (isStoring) return setTimeout(giveUp, 10);
-    waitForOtherTab();
+    if (isStoring) setTimeout(giveUp, 10);
+    else waitForOtherTab();
 }
 
 function begin() {
-    const engine = Engine(), shipped = Promise.all(["QUILLET.qui", "Quillets.cfg"].map(shippedFile));
-    const start = () => run(engine, shipped);
+    const engine = Engine(), shipped = Promise.all(["QUILLET.qui", "Quillets.cfg"].map(shippedFile)), start = () => run(engine, shipped);
     if (!navigator.locks) return start();
     navigator.locks.request(FolderId, { ifAvailable: true }, lock => lock ? start() : void waitForOtherTab(start));
 }
 
-globalThis.Page = { show, paint, raise, focus, ask, play, silence, print, goTo, store, end,
-    handOut: (name, place, length) => handOut(name, Game.HEAPU8.slice(place, place + length)) };
-
+globalThis.Page = { show, paint, raise, focus, ask, play, silence, print, goTo, store, end };
 addEventListener("resize", layOutAnew);
 addEventListener("blur", () => Game && deliver(() => Game._MouseLost()));
 addEventListener("dragover", event => event.preventDefault());
