@@ -136,11 +136,6 @@ EMSCRIPTEN_KEEPALIVE void Resized(Form* form, int width, int height) {
     if (form->Resized) Deliver(*form, EventKind::Plain, form->Resized);
 }
 
-/// The player has followed a link to the address in the letter.
-EMSCRIPTEN_KEEPALIVE void FollowLink(WebBrowser* browser) {
-    Navigate(*browser, Letter);
-}
-
 EMSCRIPTEN_KEEPALIVE void Answer(int answer) {
     TakeAnswer(answer);
     ResumeTasks();

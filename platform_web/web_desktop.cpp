@@ -30,19 +30,12 @@ struct Pane {
     std::map<const Surface*, Surface> Pictures;
 };
 
-/// The pages that a browser has shown, and which of them it shows.
-struct History {
-    std::vector<std::string> Addresses;
-    std::size_t Shown = 0;
-};
-
 std::vector<Form*> Loaded;
 std::map<Form*, Pane> Panes;
 /// What holds up all other forms, the latest last; a null stands for a question.
 std::vector<Form*> Modals;
 std::optional<int> Answered;
 Form* LastActive = nullptr;
-std::map<const WebBrowser*, History> Histories;
 
 /// Which rows of a surface are to be shown: those refreshed, or all that were drawn on.
 enum class ShownRows { Due, Changed };
@@ -241,28 +234,20 @@ void PrintForm(Form& form) {
 }
 
 void Navigate(WebBrowser& browser, const std::string& address) {
-    auto& [addresses, shown] = Histories[&browser];
-    if (addresses.empty() || addresses[shown] != address) {
-        if (!addresses.empty()) addresses.resize(shown + 1);
-        addresses.push_back(address);
-        shown = addresses.size() - 1;
-    }
-    TellPage("goTo", Json(&browser) + ',' + Json(address));
+    TellPage("navigate", Json(&browser) + ',' + Json(address));
 }
 
 std::string LocationURL(const WebBrowser& browser) {
-    const auto& [addresses, shown] = Histories[&browser];
-    return addresses.empty() ? "" : addresses[shown];
+    TellPage("leaveAddress", Json(&browser));
+    return Letter;
 }
 
 void GoBack(WebBrowser& browser) {
-    auto& [addresses, shown] = Histories[&browser];
-    if (shown > 0) TellPage("goTo", Json(&browser) + ',' + Json(addresses[--shown]));
+    TellPage("stepBy", Json(&browser) + ",-1");
 }
 
 void GoForward(WebBrowser& browser) {
-    auto& [addresses, shown] = Histories[&browser];
-    if (shown + 1 < addresses.size()) TellPage("goTo", Json(&browser) + ',' + Json(addresses[++shown]));
+    TellPage("stepBy", Json(&browser) + ",1");
 }
 
 void EndProgram() {

@@ -147,20 +147,16 @@ function paint(record, first = 0, last = Infinity) {
     if (!canvas || !isOnScreen(canvas)) return;
     if (fit(surface) || surface.texts.length) [first, last] = [0, Infinity];
     const scale = canvas.height / surface.rows, end = Math.min(canvas.height, Math.ceil((last + 1) * scale));
-    for (let row = Math.max(0, Math.floor((first - 1) * scale)); row < end; row += RowsOfABand)
-        paintBand(record, canvas, row, Math.min(end, row + RowsOfABand));
-    for (const text of surface.texts) paintText(canvas.getContext("2d"), text, scale);
-}
-
-function paintBand(record, canvas, first, last) {
-    const place = Game._DisplayRows(record, canvas.width, canvas.height, first, last);
-    const bytes = new Uint8ClampedArray(Game.HEAPU8.buffer, place, canvas.width * (last - first) * 4);
-    canvas.getContext("2d").putImageData(new ImageData(bytes, canvas.width), 0, first);
-}
-
-function paintText(context, { text, ink, x, y }, scale) {
-    Object.assign(context, { font: `${11 * scale}px Arial, "Liberation Sans", sans-serif`, fillStyle: ink, textBaseline: "top" });
-    context.fillText(text, x * scale, (y + 1) * scale);
+    const context = canvas.getContext("2d"), { width } = canvas;
+    for (let row = Math.max(0, Math.floor((first - 1) * scale)), next; row < end; row = next) {
+        next = Math.min(end, row + RowsOfABand);
+        const place = Game._DisplayRows(record, width, canvas.height, row, next);
+        context.putImageData(new ImageData(new Uint8ClampedArray(Game.HEAPU8.buffer, place, width * (next - row) * 4), width), 0, row);
+    }
+    for (const { text, ink, x, y } of surface.texts) {
+        Object.assign(context, { font: `${11 * scale}px Arial, "Liberation Sans", sans-serif`, fillStyle: ink, textBaseline: "top" });
+        context.fillText(text, x * scale, (y + 1) * scale);
+    }
 }
 
 function showSurface(canvas, { surface, columns, rows, texts = [] }) {
@@ -171,7 +167,7 @@ function showSurface(canvas, { surface, columns, rows, texts = [] }) {
 
 // ---- Controls. A kind has a way to be made, and most have one to be brought in line with their description.
 
-const Controls = new Map(), Addresses = new Map();
+const Controls = new Map(), Histories = new Map();
 const makeText = (pane, control) => watch(make("div", { className: control.kind }), pane, control);
 const makers = {
     label: makeText, text: makeText, picture: makePicture, bar: makeBar, browser: makeBrowser,
@@ -182,7 +178,7 @@ const makers = {
 };
 const showers = {
     text: showText, button: showText,
-    browser: (frame, { record }) => goTo(record, Addresses.get(record)),
+    browser: (frame, { record }) => showAddress(record),
     label(element, control) {
         showText(element, control);
         element.hidden ||= control.fits && !control.text;
@@ -273,7 +269,7 @@ function makeBar(pane, { record }) {
     return bar;
 }
 
-/** The help page. Its links are followed by the game, which keeps the history. */
+/** The help page. Its history is the game's own, and no entry of the browser's. */
 function makeBrowser(pane, { record }) {
     const frame = make("iframe", { className: "browser", title: "Help" });
     frame.onload = () => {
@@ -281,24 +277,35 @@ function makeBrowser(pane, { record }) {
         frame.contentDocument.onclick = event => {
             const link = event.target.closest?.("a[href]")?.getAttribute("href");
             if (link) event.preventDefault();
-            if (link?.startsWith("#")) deliver(() => (leaveLetter(Addresses.get(record).split("#")[0] + link), Game._FollowLink(record)));
+            if (link?.startsWith("#")) navigate(record, addressOf(record).split("#")[0] + link);
         };
-        jump(frame, Addresses.get(record));
+        showAddress(record);
     };
     return frame;
 }
 
-function goTo(record, address) {
-    const frame = Controls.get(record)?.element, page = address.split("#")[0].split("/").at(-1);
-    Addresses.set(record, address);
-    if (frame?.getAttribute("src") === page) jump(frame, address);
-    else if (frame) frame.src = page;
+const historyOf = record => Histories.get(record) || Histories.set(record, { addresses: [], shown: -1 }).get(record);
+const addressOf = record => historyOf(record).addresses[historyOf(record).shown] || "";
+const leaveAddress = record => leaveLetter(addressOf(record));
+
+function navigate(record, address) {
+    const history = historyOf(record);
+    if (addressOf(record) !== address) history.addresses.splice(++history.shown, Infinity, address);
+    showAddress(record);
 }
 
-function jump({ contentDocument, contentWindow }, address) {
-    const anchor = address.split("#")[1], target = anchor && contentDocument.getElementsByName(anchor)[0];
+function stepBy(record, step) {
+    const history = historyOf(record);
+    if (history.addresses[history.shown + step]) history.shown += step;
+    showAddress(record);
+}
+
+function showAddress(record) {
+    const frame = Controls.get(record)?.element, [page, anchor] = addressOf(record).split("/").at(-1).split("#");
+    if (frame && frame.getAttribute("src") !== page) frame.src = page;
+    const target = anchor && frame?.contentDocument.getElementsByName(anchor)[0];
     if (target) target.scrollIntoView();
-    else contentWindow.scrollTo(0, 0);
+    else frame?.contentWindow.scrollTo(0, 0);
 }
 
 // ---- The pointer. A finger is the left button; held still, or joined by a second one, the right one.
@@ -312,9 +319,9 @@ function watch(element, pane, control) {
     const hand = { element, pane, control, finger: null, isPressed: false, last: "" };
     const on = (name, mouse, finger) => element.addEventListener(name, event => (isFinger(event) ? finger : mouse)(hand, event));
     element.classList.add("mouse");
-    on("pointerdown", mouseDown, fingerDown);
+    on("pointerdown", mouseButton, fingerDown);
     on("pointermove", mouseMove, fingerMove);
-    on("pointerup", mouseUp, fingerUp);
+    on("pointerup", mouseButton, fingerUp);
     for (const name of ["pointercancel", "lostpointercapture"]) on(name, loseMouse, loseMouse);
     return element;
 }
@@ -331,20 +338,16 @@ function tell(hand, deed, button, pixel, shift = 0) {
     if (deed === Up && button === 1 || deed === Down && button === 2) deliver(() => sayOf(control.record));
 }
 
-function mouseDown(hand, event) {
-    hand.element.setPointerCapture(event.pointerId);
-    hand.isPressed = true;
-    tell(hand, Down, Buttons[event.button] || 0, pixelAt(hand, event), shiftOf(event));
-}
-
-function mouseUp(hand, event) {
+function mouseButton(hand, event) {
+    const isDown = event.buttons & Buttons[event.button];
+    if (isDown) hand.element.setPointerCapture(event.pointerId);
     hand.isPressed = event.buttons !== 0;
-    tell(hand, Up, Buttons[event.button] || 0, pixelAt(hand, event), shiftOf(event));
+    tell(hand, isDown ? Down : Up, Buttons[event.button] || 0, pixelAt(hand, event), shiftOf(event));
 }
 
 /** A second button that goes down or up beside another one comes as a move. */
 function mouseMove(hand, event) {
-    if (event.button >= 0 && !isFinger(event)) return (event.buttons & Buttons[event.button] ? mouseDown : mouseUp)(hand, event);
+    if (event.button >= 0 && !isFinger(event)) return mouseButton(hand, event);
     const steps = event.getCoalescedEvents?.() || [];
     for (const step of steps.length ? steps : [event]) {
         const pixel = pixelAt(hand, step);
@@ -396,10 +399,7 @@ function fingerUp(hand, event) {
     if (!finger.isSpent) for (const deed of [Move, Down, Up]) tell(hand, deed, deed === Move ? 0 : 1, finger.start);
 }
 
-function dropFinger(hand) {
-    clearTimeout(hand.finger?.timer);
-    hand.finger = null;
-}
+const dropFinger = hand => (clearTimeout(hand.finger?.timer), hand.finger = null);
 
 // ---- Panes. The game's two windows lie on the desk; other forms, and all questions, are dialogs over them.
 
@@ -414,7 +414,9 @@ function show(form) {
     pane.form = form;
     pane.title.textContent = form.text;
     if (!form.visible) return hide(pane);
-    if (opens) open(pane);
+    if (opens && isSection(pane)) pane.element.hidden = false;
+    else if (opens && form.modal) pane.element.showModal();
+    else if (opens) pane.element.setAttribute("open", "");
     if (form.showsImage) showSurface(pane.canvas, form);
     for (const control of form.controls) showControl(pane, pane.client, control);
     if (isSection(pane)) arrangeDesk();
@@ -433,29 +435,18 @@ function makePane(form) {
     if (form.showsImage) client.append(pane.canvas = watch(make("canvas", { className: "whole", role: "img", ariaLabel: form.text }), pane, form));
     element.addEventListener("pointerdown", () => turnTo(pane), true);
     element.addEventListener("focusin", () => turnTo(pane));
-    element.onkeydown = event => keyOnForm(pane, event);
+    element.onkeydown = event => {
+        if (!form.keys || event.key !== "Escape") return;
+        event.preventDefault();
+        deliver(() => Game._Key(form.record, form.record, event.keyCode, shiftOf(event)));
+    };
     element.oncancel = event => event.preventDefault();
     if (form.sizable) new ResizeObserver(() => resized(pane)).observe(client);
     byId("desk").append(element);
     return pane;
 }
 
-function keyOnForm({ record, form }, event) {
-    if (!form.keys || event.key !== "Escape") return;
-    event.preventDefault();
-    deliver(() => Game._Key(record, record, event.keyCode, shiftOf(event)));
-}
-
-function turnTo({ record }) {
-    raise(record);
-    deliver(() => Game._Activate(record));
-}
-
-function open({ element, form }) {
-    if (isSection({ element })) element.hidden = false;
-    else if (form.modal) element.showModal();
-    else element.setAttribute("open", "");
-}
+const turnTo = ({ record }) => (raise(record), deliver(() => Game._Activate(record)));
 
 function hide({ element }) {
     const hadFocus = element.contains(document.activeElement);
@@ -473,9 +464,8 @@ function raise(record) {
 }
 
 function focus(record) {
-    const { element, client } = Panes.get(record);
     raise(record);
-    (element.querySelector("canvas[tabindex]") || client).focus({ preventScroll: true });
+    document.querySelector("canvas[tabindex]").focus({ preventScroll: true });
 }
 
 function moveTo(pane, x, y) {
@@ -697,18 +687,10 @@ async function play(file) {
     source.start();
 }
 
-function silence() {
-    Speaker?.disconnect();
-    Speaker = null;
-}
-
+const silence = () => (Speaker?.disconnect(), Speaker = null);
 /** Words that are the same as before are new with a blank behind them. */
 const say = words => byId("words").textContent = byId("words").textContent === words ? `${words}\u00a0` : words;
-
-function sayOf(record) {
-    const words = Controls.get(record)?.words;
-    if (words) say(words);
-}
+const sayOf = record => Controls.get(record)?.words && say(Controls.get(record).words);
 
 /** The browser's print stops the page, so the handler that asks for it ends first. */
 function print(record) {
@@ -757,17 +739,14 @@ function keptFile([name, content]) {
     return row;
 }
 
-async function shippedFile(name) {
-    const response = await fetch(name);
-    return response.ok ? [[name, new Uint8Array(await response.arrayBuffer())]] : [];
-}
+const shippedFile = async name => [name, new Uint8Array(await (await fetch(name)).arrayBuffer())];
 
 /** Runs the game until it is over. Stored files lie over those that came with the page. */
 async function run(engine, shipped) {
     let fault = "";
     const stored = await openDatabase().then(storedFiles).catch(error => (fault = reasonOf(error), []));
     Game = await engine;
-    for (const file of [...(await shipped).flat(), ...stored]) layFile(...file);
+    for (const file of [...await shipped, ...stored]) layFile(...file);
     deliver(() => (leaveLetter(fault), Game._Start()));
     navigator.serviceWorker?.register("service_worker.js").catch(console.warn);
     return new Promise(resolve => letGo = resolve);
@@ -785,9 +764,8 @@ function waitForOtherTab(start) {
 }
 
 function giveUp() {
-    if (isOver || !Game) return;
     if (isStoring) setTimeout(giveUp, 10);
-    else waitForOtherTab();
+    else if (Game && !isOver) waitForOtherTab();
 }
 
 function begin() {
@@ -796,7 +774,7 @@ function begin() {
     navigator.locks.request(FolderId, { ifAvailable: true }, lock => lock ? start() : void waitForOtherTab(start));
 }
 
-globalThis.Page = { show, paint, raise, focus, ask, play, silence, print, goTo, store, end };
+globalThis.Page = { show, paint, raise, focus, ask, play, silence, print, navigate, stepBy, leaveAddress, store, end };
 addEventListener("resize", layOutAnew);
 addEventListener("blur", () => Game && deliver(() => Game._MouseLost()));
 addEventListener("dragover", event => event.preventDefault());
