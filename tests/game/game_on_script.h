@@ -99,19 +99,16 @@ class GameTest : public testing::Test {
         for (const auto& [x, y, turn] : PlacesNow()) text << x << ',' << y << " turn " << turn << "; ";
         for (const TileButton& button : Form1.MenuButx)
             if (button.Latched) text << button.ToolTipText << " latched; ";
-        const auto pixelOf = [](const Picture& picture) {
-            return [&](Vertex v) { return picture.Image.Point(v.X, v.Y); };
-        };
+        std::string picks;
+        for (int n = 0; n < 350 * 390; ++n) picks += static_cast<char>(PickedAt({n % 350, n / 350}));
         text << "\n"
-             << Game.QuilletFile << "\nboard " << SumOf(pixelOf(Board)) << ", figure "
-             << SumOf(pixelOf(Form1.TargetQui[1])) << ", what can be picked " << SumOf(PickedAt);
+             << Game.QuilletFile << "\nboard " << SumOf(Board.Image) << ", figure "
+             << SumOf(Form1.TargetQui[1].Image) << ", what can be picked " << std::hash<std::string>{}(picks);
         return text.str();
     }
-    static std::size_t SumOf(const auto& shownAt) {
-        std::size_t sum = 0;
-        for (int n = 0; n < 350 * 390; ++n)
-            sum = 31 * sum + static_cast<std::size_t>(shownAt({n % 350, n / 350}));
-        return sum;
+    static std::size_t SumOf(const Surface& image) {
+        const std::u32string pixels(image.Row(0), image.Row(image.Height() - 1) + image.Width());
+        return std::hash<std::u32string>{}(pixels);
     }
 
     /// The scene is the one of these pieces and this figure drawn on clean surfaces.

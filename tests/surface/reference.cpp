@@ -57,11 +57,8 @@ void Reference::Set(int x, int y, Colour colour) {
 }
 
 void Reference::Draw(const Shape& shape, Colour edge, Colour inside, FillMode mode) {
-    if (shape.empty()) return;
-    const auto [left, right] = std::minmax_element(
-        shape.begin(), shape.end(), [](const Vertex& a, const Vertex& b) { return a.X < b.X; });
-    const auto [top, bottom] = std::minmax_element(
-        shape.begin(), shape.end(), [](const Vertex& a, const Vertex& b) { return a.Y < b.Y; });
+    const auto [left, right] = std::ranges::minmax_element(shape, {}, &Vertex::X);
+    const auto [top, bottom] = std::ranges::minmax_element(shape, {}, &Vertex::Y);
     for (int y = std::max(top->Y, 0); y <= std::min(bottom->Y, Height - 1); ++y)
         for (int x = std::max(left->X, 0); x <= std::min(right->X, Width - 1); ++x) {
             const Part part = PartByTheRule(shape, {x, y});
