@@ -24,13 +24,15 @@ def lay(file, folder="."):
 
 
 shutil.rmtree(page, ignore_errors=True)
-for file in [*(file for file in sources.iterdir() if file.suffix != ".js"), sources / "service_worker.js",
-             engine / "quillets.js", engine / "quillets.wasm", *data.glob("*.wav"), data / "QUILLET.qui",
+for file in [*sources.iterdir(), engine / "engine.js", engine / "engine.wasm", *data.glob("*.wav"), data / "QUILLET.qui",
              data / "quillets.htm"]:
     lay(file)
 for file in data.glob("help/*"):
     lay(file, "help")
 lay(data / "icons" / "quillets.svg", "icons")
+
+# The panes stand where the page has room for them, until the player has said otherwise.
+(page / "Quillets.cfg").write_bytes(b"QUILLET.qui\r\n-1,-1,-1,-1\r\n")
 
 icons = "".join(symbol(icon) for icon in sorted(data.glob("icons/*.svg")))
 index = page / "index.html"

@@ -28,13 +28,12 @@ function makeIcon(name, kind) {
 
 // ---- The engine. It hears of one deed at a time, and of none while a file is being stored.
 
-let Game, isOver = false, inEngine = false, isStoring = false, isUnarranged = false;
+let Game, isOver = false, inEngine = false, isStoring = false;
 const Deeds = [];
 
 function deliver(deed) {
     if (deed) Deeds.push(deed);
     while (!inEngine && !isStoring && !isOver && Deeds.length) callEngine(Deeds.shift());
-    if (isUnarranged && !inEngine) arrangeDesk();
 }
 
 function callEngine(deed) {
@@ -420,7 +419,7 @@ function show(form) {
     else if (opens) pane.element.setAttribute("open", "");
     if (form.showsImage) showSurface(pane.canvas, form);
     for (const control of form.controls) showControl(pane, pane.client, control);
-    if (isSection(pane)) isUnarranged = true;
+    if (isSection(pane)) arrangeDesk();
     else if (opens) placePane(pane);
 }
 
@@ -494,7 +493,6 @@ function scalePane({ element, client, form, canvas }) {
 /** The game's two windows stand where they were, or side by side; on a narrow page the style sheet sets them. */
 function arrangeDesk() {
     const panes = [...Panes.values()].filter(pane => isSection(pane) && isShown(pane));
-    isUnarranged = false;
     panes.forEach(scalePane);
     for (const frame of document.querySelectorAll("fieldset:has(canvas)"))
         frame.style.setProperty("--s", Math.min(1, (frame.clientWidth - 12) / 245, (frame.clientHeight - 18) / 277));
@@ -741,15 +739,14 @@ function keptFile([name, content]) {
     return row;
 }
 
-/** Runs the game until it is over. Stored files lie over those that came with the page; the panes stand where there is
-    room for them until the player has said otherwise. */
-async function run(engine, collection, opening) {
+const shippedFile = async name => [name, new Uint8Array(await (await fetch(name)).arrayBuffer())];
+
+/** Runs the game until it is over. Stored files lie over those that came with the page. */
+async function run(engine, shipped) {
     let fault = "";
-    const stored = await opening.then(storedFiles).catch(error => (fault = reasonOf(error), []));
+    const stored = await openDatabase().then(storedFiles).catch(error => (fault = reasonOf(error), []));
     Game = await engine;
-    layFile("QUILLET.qui", new Uint8Array(await collection));
-    layFile("Quillets.cfg", new TextEncoder().encode("QUILLET.qui\r\n-1,-1,-1,-1\r\n"));
-    for (const file of stored) layFile(...file);
+    for (const file of [...await shipped, ...stored]) layFile(...file);
     deliver(() => (leaveLetter(fault), Game._Start()));
     navigator.serviceWorker?.register("service_worker.js").catch(console.warn);
     return new Promise(resolve => letGo = resolve);
@@ -772,8 +769,7 @@ function giveUp() {
 }
 
 function begin() {
-    const engine = Engine(), collection = fetch("QUILLET.qui").then(response => response.arrayBuffer()), opening = openDatabase();
-    const start = () => run(engine, collection, opening);
+    const engine = Engine(), shipped = Promise.all(["QUILLET.qui", "Quillets.cfg"].map(shippedFile)), start = () => run(engine, shipped);
     if (!navigator.locks) return start();
     navigator.locks.request(FolderId, { ifAvailable: true }, lock => lock ? start() : void waitForOtherTab(start));
 }
