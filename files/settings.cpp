@@ -35,16 +35,19 @@ std::string Decimal(float number) {
     return text.str();
 }
 
+/// What editors put at the start of a file, and what would be taken for that.
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
 /// Whether line 1 can hold the name.
-bool CanBeStored(std::string_view name) {
+bool CanBeStored(const std::string& name) {
     const auto isControl = [](unsigned char c) { return c < ' ' || c == 0x7f; };
-    return !name.starts_with("\xEF\xBB\xBF") && std::none_of(name.begin(), name.end(), isControl);
+    return std::none_of(name.begin(), name.end(), isControl);
 }
 
 /// Whether the name needs double quotes to come back as it is.
 bool NeedsQuotes(const std::string& name) {
     return name.empty() || name.find_first_of(",\"") != std::string::npos || name.front() == ' '
-           || name.back() == ' ';
+           || name.back() == ' ' || name.starts_with(ByteOrderMark);
 }
 
 /// Line 1: the name behind the last separator.
@@ -83,7 +86,7 @@ Settings ReadSettings() {
     ReadFile(SettingsPath(), LargestFile, text);
     FieldReader reader(text);
     const std::string name = reader.NextQuotedField();
-    if (!CanBeStored(name)) return settings;
+    if (text.starts_with(ByteOrderMark) || !CanBeStored(name)) return settings;
     if (!name.empty()) settings.CollectionName = name;
     settings.Placement = ReadPlacement(reader).value_or(settings.Placement);
     return settings;
