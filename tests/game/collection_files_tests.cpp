@@ -193,6 +193,7 @@ TEST_F(CollectionFilesTest, CopiedAppendedAndRemovedEveryFigureComesBackTheSame)
         const Places places = PlacesNow();
         ASSERT_EQ(Append(), asked) << q;
         EXPECT_TRUE(Collection().starts_with(appended));
+        EXPECT_EQ(Form1.TarQui.Caption, Replaced("Quillet (n of n)", "n", std::to_string(last)));
         LaySolution(50, 50);
         EXPECT_EQ(PlacesNow(), places);
         Remove();
@@ -266,6 +267,15 @@ TEST_F(CollectionFilesTest, ACollectionThatBecameGarbageIsLeftAloneAndNoBoxHolds
     Game.QuilletFile = In("QuiFile.tmp");
     EXPECT_NE(Remove().find("Remove itself"), std::string::npos);
     EXPECT_EQ(Collection(), ShippedHead + FiveFigures);
+    fs::create_directories("other/.quillets-new"); // in the way of the new file
+    fs::copy("QuiFile.tmp", "other/five.qui");
+    Game.QuilletFile = In("other/five.qui");
+    EXPECT_TRUE(
+        Remove().ends_with("/other/five.qui/another program is using it./The new content is in the file:/"
+                           "QuiFile.tmp; "
+                           + Focus));
+    EXPECT_EQ(Collection(), ShippedHead + FiveFigures);
+    EXPECT_EQ(std::ranges::count(ReadText("QuiFile.tmp"), '\n'), 65 + 4);
 }
 
 TEST_F(CollectionFilesTest, AFigureFarOutsideIsShownInAllWindowsRefusedByAppendAndRemoved) {

@@ -51,9 +51,11 @@ done
 Start prefix/bin bob
 ExpectOwn bob stray.wav
 
-# The usual player has a home and no variable for data.
-HOME=$PWD/eve/home QT_QPA_PLATFORM=none env -u XDG_DATA_HOME prefix/bin/quillets &>log || true
-cmp eve/home/.local/share/quillets/QUILLET.qui $shared/QUILLET.qui
+# The usual player has a home and no variable for data. The game works in the folder, where Remove leaves its file.
+eves=$PWD/eve/home/.local/share/quillets
+HOME=$PWD/eve/home QT_QPA_PLATFORM=none env -u XDG_DATA_HOME strace -o calls -e chdir prefix/bin/quillets &>log || true
+cmp $eves/QUILLET.qui $shared/QUILLET.qui
+grep -q "^chdir(\"$eves\")" calls
 
 # The program's folder as an archive has it: nothing is laid anywhere else.
 Start portable dora
