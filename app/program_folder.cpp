@@ -88,7 +88,7 @@ bool ComesBack(const fs::path& missing, const std::string& recorded) {
     return recorded.empty() || missing.filename() != "Quillets.cfg";
 }
 
-/// Lays a file that is missing, or that was shipped anew while the player has left it as it was laid.
+/// Lays a file that is missing, or that came in a newer version while the player has left it as it was laid.
 /// `recorded` is empty for a file that was never looked at.
 void LayFile(const fs::path& shipped, const fs::path& target, std::string& recorded) {
     std::string content;

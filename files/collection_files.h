@@ -9,5 +9,5 @@ void OpenCollection();
 /// Copies the current file under a name of the player's choice; the game goes on with the old one.
 void SaveCollectionAs();
 
-/// Drops the shown quillet from the file, after a question, and numbers the others anew.
+/// Drops the shown quillet from the file, after a question, and renumbers the others.
 void RemoveQuillet();

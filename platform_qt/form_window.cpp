@@ -151,7 +151,7 @@ void FormWindow::FixSize(QSize size) {
 }
 
 /// On a screen of another scale the same size is another number of its pixels, and the window system has to
-/// be told anew.
+/// be told again.
 void FormWindow::FollowScreen() {
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);

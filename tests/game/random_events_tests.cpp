@@ -128,10 +128,10 @@ class RandomEvents : public GameTest {
     /// Where a piece can be picked the board shows it.
     static void ExpectSurfacesInStep() {
         for (int n = 0; n < 350 * 390 && Game.ActivePiece == -1; ++n) {
-            const int picked = PickedAt({n % 350, n / 350});
+            const int x = n % 350, y = n / 350, picked = PickedAt({x, y});
             if (picked == -1) continue;
             SetPieceBrush(NearestInt16(picked));
-            ASSERT_EQ(Board.Image.Point(n % 350, n / 350), Board.Image.FillColor) << "of piece " << picked;
+            ASSERT_EQ(Board.Image.Point(x, y), Board.Image.FillColor) << "of piece " << picked;
         }
     }
 
