@@ -80,10 +80,7 @@ double Percentage(double filled, double empty) {
 }
 
 std::string TouchingPieces(std::int16_t piece) {
-    Game.DrawX = Game.BoardX0 + Game.PieceX[piece];
-    Game.DrawY = Game.BoardY0 + Game.PieceY[piece];
-    Game.CurTurn = NearestInt16(Game.PieceTurn[piece]);
-    BuildPolygon(piece, Game.CurTurn, Game.DrawX, Game.DrawY, Game.PiecePoly);
+    PolygonOfPiece(piece, Game.PiecePoly);
     std::string touching;
     for (const Vertex corner : Drawn(Game.PiecePoly)) {
         const std::array<Colour, ProbeCount> ProbeColor = ColoursAround(corner);

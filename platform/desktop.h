@@ -1,5 +1,5 @@
-// What the game asks of a desktop. Implemented twice, and chosen when linking: by real windows, and by a
-// script that answers for the player and keeps a record of every call.
+// What the game asks of a desktop. Three desktops implement it, and the linker chooses: real windows, a page
+// in a browser, and a script that answers for the player and records every call.
 #pragma once
 
 #include "platform/forms.h"

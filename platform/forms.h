@@ -62,8 +62,8 @@ struct Label : Control {
 /// A surface that takes the mouse and, when it has the focus, the keyboard.
 struct Picture : Control {
     Surface Image;
-    /// What a screen reader calls the picture, and what it tells of it when asked; an empty name is passed
-    /// over.
+    /// What a screen reader calls the picture, and how it describes it when asked. It skips a picture without
+    /// a name.
     std::string SpokenName;
     std::string (*InWords)() = nullptr;
     /// An icon shown over the surface: a file name without folder and extension.

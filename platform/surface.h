@@ -6,7 +6,7 @@
 //    edge crosses: its exact x there, rounded to nearest, halves to the right. A flatter edge has one pixel
 //    in every column, its exact y rounded to nearest, halves downward. The ends are always among them.
 //  - The fill is every pixel whose point lies inside by the even-odd rule; the outline is drawn over it.
-// Hence the outline passes through every vertex, is the same in either direction of an edge, and moves
+// So the outline passes through every vertex, is the same in either direction of an edge, and moves
 // with the polygon pixel by pixel; the fill never shows outside the outline and never leaves a gap to it;
 // and the same polygon in the colour of the ground erases every pixel that it drew. Clipping drops
 // pixels and never moves one, however far away the vertices lie.

@@ -51,7 +51,7 @@ TEST_F(PanelTest, NavigationInAnEmptyCollectionIsHarmless) {
 
 TEST_F(PanelTest, EveryChangeOfLevelShowsWhatTheLevelGivesAwayAndMovesNothing) {
     Places places = HomePlaces();
-    places[5][2] = Game.SolTurn[5][1]; // the level Easy tells of it
+    places[5][2] = Game.SolTurn[5][1]; // the level Easy shows it by its colour
     Lay(places);
     EXPECT_EQ(CallsOfButton("Normal"), "focus FormMain") << "set already: only the latch changes";
     for (const char* level : {"Easy", "Very easy", "Easy", "Normal", "Very easy", "Normal"}) {

@@ -1,4 +1,4 @@
-// What the box About tells of the release is what the changelog tells.
+// The box About names the release as the changelog does.
 #include "shell/about_form.h"
 
 #include <ctime>
