@@ -20,8 +20,9 @@ xcb_atom_t Atom(xcb_connection_t* display, std::string_view name) {
 } // namespace
 
 void LeaveTaskBar(QWidget& window) {
+    // Windows off the screen have that interface too, without a display behind it.
     const auto* application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!application) return;
+    if (!application || QGuiApplication::platformName() != "xcb") return;
     xcb_connection_t* display = application->connection();
     static const xcb_atom_t state = Atom(display, "_NET_WM_STATE");
     static const xcb_atom_t skip = Atom(display, "_NET_WM_STATE_SKIP_TASKBAR");

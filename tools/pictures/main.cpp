@@ -4,6 +4,7 @@
 #include "core/panel_window.h"
 #include "core/piece_geometry.h"
 #include "platform/desktop.h"
+#include "platform_qt/event_delivery.h"
 #include "platform_qt/qt_desktop.h"
 #include "play/mouse_play.h"
 #include "shell/all_shapes.h"
@@ -22,6 +23,7 @@ constexpr std::int16_t Normal = 14, Easy = 15, VeryEasy = 16, Sound = 11;
 /// Widths at which one, two or three pictures fit a help window that nobody has made wider.
 constexpr int Full = 430, Half = 200, Third = 130;
 QTemporaryDir ProgramFolder;
+QString PictureFolder;
 qsizetype Swan;
 
 /// The records begin in line 66.
@@ -34,8 +36,7 @@ void FindSwan(QFile& collection) {
 
 void Save(const QString& name, const QPixmap& picture, int width = 0) {
     const QPixmap shown = width ? picture.scaledToWidth(width, Qt::SmoothTransformation) : picture;
-    if (!shown.save(QDir(qApp->arguments()[2]).filePath(name + ".png")))
-        qFatal("cannot save %s", qPrintable(name));
+    if (!shown.save(QDir(PictureFolder).filePath(name + ".png"))) qFatal("cannot save %s", qPrintable(name));
 }
 
 QWidget& Shown(const QString& name) {
@@ -48,12 +49,17 @@ QPixmap Board() {
     return Shown("Picture1").grab(QRect(0, 0, 350, 360));
 }
 
+/// The handler runs as an event of the board's window.
+void Act(const std::function<void()>& handler) {
+    Deliver(Shown("FormMain"), handler);
+}
+
 void Press(std::int16_t button) {
-    Deliver([=] { ButtonPressed(button); });
+    Act([=] { ButtonPressed(button); });
 }
 
 void Mouse(MouseHandler handler, QPointF at) {
-    Deliver([=] { handler(1, 0, static_cast<float>(at.x()), static_cast<float>(at.y())); });
+    Act([=] { handler(1, 0, static_cast<float>(at.x()), static_cast<float>(at.y())); });
 }
 
 QPointF Middle(int piece) {
@@ -64,7 +70,7 @@ QPointF Middle(int piece) {
 }
 
 void Turn(int piece) {
-    while (Game.PieceTurn[piece] != Game.SolTurn[piece][Swan]) Deliver([=] { TurnPiece(piece); });
+    while (Game.PieceTurn[piece] != Game.SolTurn[piece][Swan]) Act([=] { TurnPiece(piece); });
 }
 
 /// Drags a piece to its place; takes a picture of the first on its way.
@@ -96,11 +102,12 @@ void TakeWin() {
 }
 
 void TakePages() {
-    Deliver(OpenThumbnails);
-    Deliver([] { AllShapes.MouseMove(0, 0, 2500, 1300); });
+    Act(OpenAllShapes);
+    QApplication::processEvents(); // it opens behind the handler
+    Act([] { AllShapes.MouseMove(0, 0, 2500, 1300); });
     Save("view_all", Shown("AllShapes").grab());
-    Deliver([] { ShowForm(PrintShapes, Modality::Modeless); });
-    Deliver(PrintShapes.Menus[0].Items[0].Click);
+    Act([] { ShowForm(PrintShapes, Modality::Modeless); });
+    Act(PrintShapes.Menus[0].Items[0].Click);
     Save("print", Shown("PrintShapes").grab(), Full);
 }
 
@@ -108,7 +115,8 @@ void TakePages() {
 void TakePictures() {
     FormMain.Activate = nullptr;
     ShowForm(FormMain, Modality::Modeless);
-    Deliver([] { SelectQuillet(static_cast<Number>(Swan)); });
+    QApplication::processEvents(); // menus come when the windows are there
+    Act([] { SelectQuillet(static_cast<Number>(Swan)); });
     Save("panel", Shown("Form1").grab(), 180);
     Save("board", Shown("FormMain").grab(), 250);
     for (const TileButton& button : Form1.MenuButx)
@@ -126,6 +134,7 @@ void TakePictures() {
     onBox.callOnTimeout(TakeWin);
     onBox.start();
     Lay(2);
+    onBox.stop();
     if (Game.CurrentQuillet == static_cast<Number>(Swan)) qFatal("the swan is not recognised");
     TakePages();
     Press(VeryEasy);
@@ -140,6 +149,7 @@ void TakePictures() {
 
 int main(int argc, char** argv) {
     if (argc != 3) qFatal("usage: make_pictures COLLECTION FOLDER");
+    PictureFolder = argv[2];
     QFile collection(argv[1]);
     FindSwan(collection);
     collection.copy(ProgramFolder.filePath("QUILLET.qui"));
