@@ -6,7 +6,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 
 namespace {
 
@@ -73,14 +72,8 @@ void Try(const std::string& text) {
 
 } // namespace
 
-/// An input is slow when it is slow three times: the machine has other things to do.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Game.AppPath = std::filesystem::temp_directory_path().string() + "/";
-    for (int time = 1; time <= 3; ++time) {
-        const std::clock_t start = std::clock();
-        Try({data, data + size});
-        if (std::clock() - start < CLOCKS_PER_SEC / 20) return 0;
-    }
-    Insist(false, "done within 50 ms");
+    Try({data, data + size});
     return 0;
 }

