@@ -188,7 +188,7 @@ void PassOn(const struct stat& old, int handle) {
 
 /// Puts a new file in the place of `old`, which is null where the path leads to nothing.
 Errno TakeOver(const std::string& path, const struct stat* old, const std::string& content) {
-    const std::string folder = FolderOf(path), fresh = folder + PathSeparator + FreshName;
+    const std::string folder = FolderOf(path), fresh = folder + PathSeparator + FreshName();
     const OpenFile file = MakeFresh(fresh);
     if (file.Error() != Done) return file.Error();
     if (old) PassOn(*old, file.Handle());
@@ -218,6 +218,10 @@ FileError ChangeInPlace(int handle, const std::string& content) {
 }
 
 } // namespace
+
+std::string FreshName() {
+    return ".quillets-new-" + std::to_string(::geteuid());
+}
 
 std::int32_t FileLength(const std::string& path) {
     const OpenFile file(path, O_RDONLY | O_NONBLOCK);

@@ -3,7 +3,8 @@
 //
 // A change is prepared in a new file in the same folder, synced, and takes over the name in one step. A kill
 // or a power cut leaves the whole old content or the whole new one, and at most the new file, FreshName,
-// which the next change in that folder removes. Where the folder cannot be written, the file is changed in
+// which the player's next change in that folder
+// removes. Where the folder cannot be written, the file is changed in
 // place, and a kill or a power cut may leave a mixture of both.
 #pragma once
 
@@ -14,9 +15,10 @@
 /// What stands between the folders of a path.
 constexpr char PathSeparator = '/';
 
-/// The name of the new file while a change is prepared. It does not depend on the name of the file, which may
+/// The name of the new file while a change is prepared. Each user has one: what another user's killed game
+/// left in a shared folder may be beyond our rights. The name of the file has no part in it, since that may
 /// already be as long as names can be.
-constexpr const char* FreshName = ".quillets-new";
+std::string FreshName();
 
 /// Bytes of a file; 0 when it is empty, missing or cannot be read for any reason. Never fails.
 std::int32_t FileLength(const std::string& path);

@@ -17,7 +17,8 @@ import subprocess
 import sys
 import tempfile
 
-COLLECTION, SETTINGS, TARGET, RESCUE, FRESH = "QUILLET.qui", "Quillets.cfg", "target.qui", "QuiFile.tmp", ".quillets-new"
+COLLECTION, SETTINGS, TARGET, RESCUE = "QUILLET.qui", "Quillets.cfg", "target.qui", "QuiFile.tmp"
+FRESH = f".quillets-new-{os.geteuid()}"
 REFUSAL = re.compile("The Quillet was not (appended|removed)|The (file|settings) could not be (read|written|saved)")
 OVERWRITE = re.compile(r".*\| file already exists, overwrite\?")
 QUESTION = re.compile(r"(Append|Remove) this Quillet|.*\|(Proceed|Append) anyway \?")

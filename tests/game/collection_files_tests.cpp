@@ -134,7 +134,9 @@ TEST_F(CollectionFilesTest, SaveAsKeepsLinksAndModesAndRefusesWhatItMayNotWrite)
     EXPECT_EQ(fs::read_symlink("dangling.qui"), "folder.qui/new");
     EXPECT_EQ(SaveAs(In("folder.qui")), NotWritten + "folder.qui/Is a directory.");
     EXPECT_EQ(SaveAs(In("pipe.qui")), NotWritten + "pipe.qui/it is not a file.");
+    WriteText(FreshName(), "left by a killed game, perhaps another user's");
     BecomeAPlayer(0777);
+    EXPECT_EQ(SaveAs(In("new.qui")), "box QUILLET.qui/copied as:/new.qui");
     EXPECT_TRUE(SaveAs(In("fixed.qui")).ends_with(NotWritten + "fixed.qui/Permission denied."));
     EXPECT_EQ(ReadText("fixed.qui"), "old");
     fs::remove("QUILLET.qui");
@@ -267,7 +269,7 @@ TEST_F(CollectionFilesTest, ACollectionThatBecameGarbageIsLeftAloneAndNoBoxHolds
     Game.QuilletFile = In("QuiFile.tmp");
     EXPECT_NE(Remove().find("Remove itself"), std::string::npos);
     EXPECT_EQ(Collection(), ShippedHead + FiveFigures);
-    fs::create_directories("other/.quillets-new"); // in the way of the new file
+    fs::create_directories("other/" + FreshName()); // in the way of the new file
     fs::copy("QuiFile.tmp", "other/five.qui");
     Game.QuilletFile = In("other/five.qui");
     EXPECT_TRUE(
