@@ -1,5 +1,5 @@
-// Finds the program's folder. After any failure that is the folder of the executable, and the start-up says
-// what is missing there.
+// Finds the program's folder. After any failure that is the folder of the shipped files, where the game can
+// at least be played.
 #include "program_folder.h"
 
 #include "platform/files.h"
@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t LargestFile = 16 << 20;
+constexpr const char* Collection = "QUILLET.qui";
 
 fs::path ExecutableFolder() {
     std::error_code error;
@@ -40,7 +41,7 @@ bool CanWrite(const fs::path& folder) {
 }
 
 bool HoldsCollection(const fs::path& folder) {
-    return HoldsSomething(folder / "QUILLET.qui");
+    return HoldsSomething(folder / Collection);
 }
 
 /// The names of the shipped files, as the build lists them.
@@ -118,14 +119,16 @@ void LayShippedFiles(const fs::path& from, const fs::path& to) {
 } // namespace
 
 std::string ProgramFolder() {
+    std::error_code error;
     const fs::path beside = ExecutableFolder(), shared = (beside / SHARED_FOLDER).lexically_normal();
     const bool installed = !HoldsCollection(beside) && HoldsCollection(shared);
     fs::path folder = installed ? shared : beside;
     if (installed || !CanWrite(beside)) {
-        LayShippedFiles(folder, PlayersFolder());
-        if (CanWrite(PlayersFolder())) folder = PlayersFolder();
+        const fs::path own = PlayersFolder();
+        LayShippedFiles(folder, own);
+        // Where no collection could be laid, as on a full disk, the shipped one can still be played.
+        if (CanWrite(own) && fs::exists(own / Collection, error)) folder = own;
     }
-    std::error_code error;
     fs::current_path(folder, error);
     return folder.string();
 }
