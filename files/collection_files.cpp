@@ -14,7 +14,6 @@
 #include "platform/random.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <utility>
 
@@ -28,11 +27,6 @@ std::string UpperCase(std::string text) {
     return text;
 }
 
-std::string FullPath(const std::string& path) {
-    std::error_code none;
-    return std::filesystem::absolute(path, none).string();
-}
-
 std::string Failure(const std::string& what, const std::string& path, const std::string& reason) {
     return what + Game.LineBreak + path + Game.LineBreak + reason + ".";
 }
@@ -41,9 +35,9 @@ bool IsLoadedFile(const std::string& path) {
     return UpperCase(path) == UpperCase(Game.QuilletFile) || SameFile(path, Game.QuilletFile);
 }
 
-/// False when a file with the chosen name exists and stays.
+/// False when a file with the chosen name exists and stays. One that cannot be read exists as well.
 bool MayWriteTo(const std::string& path) {
-    if (!HoldsSomething(path)) return true;
+    if (FileLength(path) == Game.FlagOff && !HoldsSomething(path)) return true;
     if (IsLoadedFile(path)) {
         MsgBox("file:" + Game.QuilletFile + "\r\nalready loaded and saved, use another filename to save as");
         return false;
@@ -78,8 +72,7 @@ std::string RemoveFromFile() {
         text = WithoutRecord(text, Game.CurrentQuillet);
         FileError notWritten = WriteTemporary(text);
         if (notWritten.empty())
-            hint =
-                Game.LineBreak + "The new content is in the file:" + Game.LineBreak + FullPath(TemporaryFile);
+            hint = Game.LineBreak + "The new content is in the file:" + Game.LineBreak + TemporaryPath();
         return notWritten;
     });
     if (error.empty()) return {};

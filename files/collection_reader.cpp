@@ -15,21 +15,6 @@ void ShowFault(const Fault& fault, const std::string& hint = "") {
            + "." + hint);
 }
 
-Fault ReadQuilletFile(std::string& text) {
-    const FileError error = ReadFile(Game.QuilletFile, LargestCollection, text);
-    return error.empty() ? Fault{} : "Line 1: " + error;
-}
-
-/// Names the file of the last Remove if that holds a whole collection.
-std::string HintAtTemporary() {
-    std::string text;
-    if (!ReadFile(TemporaryFile, LargestCollection, text).empty() || !FaultOfCollection(text).empty())
-        return {};
-    std::error_code none;
-    return Game.LineBreak + "What the last Remove wrote is whole, in the file:" + Game.LineBreak
-           + std::filesystem::absolute(TemporaryFile, none).string();
-}
-
 void TakePiecesHome() {
     Game.PieceX = Game.HomeX;
     Game.PieceY = Game.HomeY;
@@ -38,9 +23,22 @@ void TakePiecesHome() {
 
 } // namespace
 
+std::string TemporaryPath() {
+    std::error_code none;
+    return std::filesystem::absolute(TemporaryFile, none).string();
+}
+
+std::string HintAtTemporary() {
+    std::string text;
+    if (!ReadFile(TemporaryFile, LargestCollection, text).empty() || !FaultOfCollection(text).empty())
+        return {};
+    return Game.LineBreak + "What the last Remove wrote is whole, in the file:" + Game.LineBreak
+           + TemporaryPath();
+}
+
 void LoadPieceTable() {
     std::string text;
-    Fault fault = ReadQuilletFile(text);
+    Fault fault = ReadFile(Game.QuilletFile, LargestCollection, text);
     if (fault.empty()) fault = FaultOfCollection(text);
     if (!fault.empty()) {
         ShowFault(fault, HintAtTemporary());
@@ -54,7 +52,7 @@ void LoadPieceTable() {
 bool LoadQuillets() {
     std::string text;
     const auto collection = std::make_unique<Collection>();
-    Fault fault = ReadQuilletFile(text);
+    Fault fault = ReadFile(Game.QuilletFile, LargestCollection, text);
     if (fault.empty()) fault = ReadCollection(text, *collection);
     if (collection->QuilletCount > MostQuillets) {
         MsgBox("Cannot handle more than 500 Quillets");

@@ -7,8 +7,13 @@
 #include <functional>
 #include <string>
 
-/// Where Remove leaves the new content of the collection, in the current folder.
+/// Where Remove leaves the new content of the collection, in the current folder; and the full path of that.
 constexpr const char* TemporaryFile = "QuiFile.tmp";
+std::string TemporaryPath();
+
+/// The end of a message about a collection that cannot be used: names the temporary file if that holds a
+/// whole collection, else is empty.
+std::string HintAtTemporary();
 
 /// Fills the piece table and takes the pieces home; sets the board's origin to 100. Where the file is no
 /// whole collection, a message says so and the program ends.

@@ -26,7 +26,7 @@ void SetConstants() {
 }
 
 void EndWithoutCollection() {
-    MsgBox("Quillet shapes file not found:" + Game.LineBreak + Game.QuilletFile);
+    MsgBox("Quillet shapes file not found:" + Game.LineBreak + Game.QuilletFile + HintAtTemporary());
     EndProgram();
 }
 

@@ -69,7 +69,7 @@ TEST_F(CollectionFilesTest, OpenLoadsAnotherFileForTheSamePiecesOrLeavesAllAsItW
         {"", ""},
         {"*.qui", ""},
         {In("headless.qui"), fault + "/headless.qui/Line 1: \"x\" is not a number."},
-        {In("no.qui"), fault + "/no.qui/Line 1: No such file or directory."},
+        {In("no.qui"), fault + "/no.qui/No such file or directory."},
         {In("other.qui"), "; cue shsh-dot"}};
     for (const auto& [path, calls] : cases) {
         EXPECT_EQ(Scene(), scene);

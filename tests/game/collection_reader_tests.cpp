@@ -95,7 +95,7 @@ TEST_F(CollectionReaderTest, AFileOfAnyKindAndSizeIsAnsweredAtOnce) {
                                       {"huge", "the file is too large"}}) {
         Game.QuilletFile = In(name);
         EXPECT_EQ(CallsOf(LoadQuillets),
-                  std::string("box Quillet shapes file cannot be read:/") + name + "/Line 1: " + fault + ".");
+                  std::string("box Quillet shapes file cannot be read:/") + name + "/" + fault + ".");
     }
 }
 
@@ -115,13 +115,15 @@ TEST_F(CollectionReaderTest, ACollectionCutShortAnywhereIsRefusedAtItsLastLineUn
 }
 
 TEST_F(CollectionReaderTest, AtTheStartTheMessageNamesTheFileOfTheLastRemoveIfThatIsWhole) {
-    const std::string fault =
-        "box Quillet shapes file cannot be read:/QUILLET.qui/Line 66: a record has 24 numbers.";
-    for (const std::string& rescue : {ShippedHead + "1,2,3\r\n", ShippedHead + Records(1)}) {
+    const std::string
+        missing = "box Quillet shapes file not found:/QUILLET.qui",
+        fault = "box Quillet shapes file cannot be read:/QUILLET.qui/Line 66: a record has 24 numbers.";
+    const std::string whole = ShippedHead + Records(1), broken = ShippedHead + "oops";
+    for (const auto& [rescue, hint] :
+         {std::pair(broken, ""), {whole, "/What the last Remove wrote is whole, in the file:/QuiFile.tmp"}}) {
         WriteText("QuiFile.tmp", rescue);
-        const std::string hint = "/What the last Remove wrote is whole, in the file:/QuiFile.tmp";
-        EXPECT_EQ(StartOn(ShippedHead + "oops"),
-                  fault + (rescue.ends_with("1,2,3\r\n") ? "" : hint) + "; end");
+        EXPECT_EQ(StartOn(broken), fault + hint + "; end");
+        EXPECT_EQ(StartOn(""), missing + hint + "; end");
     }
 }
 
