@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int LinesOfHead = 64;
-constexpr int FieldsOfRecord = 24;
+constexpr int FieldsOfRecord = 3 + 3 * PieceCount;
 constexpr const char* LineEnd = "\r\n";
 
 /// Far above any place or size, and low enough for products of such numbers.
@@ -114,7 +114,7 @@ Number NextTurn(NumberReader& reader) {
 Number ReadRecord(NumberReader& reader, Figure& figure) {
     reader.Fields.SkipEmptyLines();
     if (reader.Fields.FieldsOnLine() != FieldsOfRecord)
-        reader.Fail(reader.Fields.NextLine(), "a record has 24 numbers");
+        reader.Fail(reader.Fields.NextLine(), "a record has " + std::to_string(FieldsOfRecord) + " numbers");
     const Number number = reader.Next();
     figure.Left = reader.Next();
     figure.Top = reader.Next();
