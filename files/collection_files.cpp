@@ -72,7 +72,8 @@ std::string RemoveFromFile() {
         text = WithoutRecord(text, Game.CurrentQuillet);
         FileError notWritten = WriteTemporary(text);
         if (notWritten.empty())
-            hint = Game.LineBreak + "The new content is in the file:" + Game.LineBreak + TemporaryPath();
+            hint =
+                Game.LineBreak + "The new content is in the file:" + Game.LineBreak + FullPath(TemporaryFile);
         return notWritten;
     });
     if (error.empty()) return {};

@@ -5,7 +5,6 @@
 #include "files/collection_format.h"
 #include "platform/desktop.h"
 
-#include <filesystem>
 #include <memory>
 
 namespace {
@@ -23,17 +22,12 @@ void TakePiecesHome() {
 
 } // namespace
 
-std::string TemporaryPath() {
-    std::error_code none;
-    return std::filesystem::absolute(TemporaryFile, none).string();
-}
-
 std::string HintAtTemporary() {
     std::string text;
     if (!ReadFile(TemporaryFile, LargestCollection, text).empty() || !FaultOfCollection(text).empty())
         return {};
     return Game.LineBreak + "What the last Remove wrote is whole, in the file:" + Game.LineBreak
-           + TemporaryPath();
+           + FullPath(TemporaryFile);
 }
 
 void LoadPieceTable() {

@@ -7,9 +7,8 @@
 #include <functional>
 #include <string>
 
-/// Where Remove leaves the new content of the collection, in the current folder; and the full path of that.
+/// Where Remove leaves the new content of the collection, in the current folder.
 constexpr const char* TemporaryFile = "QuiFile.tmp";
-std::string TemporaryPath();
 
 /// The end of a message about a collection that cannot be used: names the temporary file if that holds a
 /// whole collection, else is empty.

@@ -7,10 +7,10 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cmath>
-#include <locale>
+#include <cstdio>
 #include <optional>
-#include <sstream>
 #include <string_view>
 
 namespace {
@@ -24,15 +24,17 @@ std::string SettingsPath() {
 /// As few digits as read back to the same number, with a point in every language.
 std::string Decimal(float number) {
     constexpr int UsualDigits = 7, MostDigits = 9;
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
+    const std::string point = std::localeconv()->decimal_point;
+    std::string decimal;
     for (int digits = UsualDigits; digits <= MostDigits; ++digits) {
-        text.str("");
-        text.precision(digits);
-        text << number;
-        if (Single(ParseNumber(text.str()).value_or(0)) == number) break;
+        std::array<char, 32> text{};
+        std::snprintf(text.data(), text.size(), "%.*g", digits, double{number});
+        decimal = text.data();
+        if (const std::size_t at = decimal.find(point); at != std::string::npos)
+            decimal.replace(at, point.size(), ".");
+        if (Single(ParseNumber(decimal).value_or(0)) == number) break;
     }
-    return text.str();
+    return decimal;
 }
 
 /// What editors put at the start of a file, and what would be taken for that.

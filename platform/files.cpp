@@ -249,6 +249,11 @@ FileError ReplaceFile(const std::string& path, const std::string& content) {
     return old.IsMissing() ? InWords(TakeOver(EndOfLinks(path), nullptr, content)) : old.Replace(content);
 }
 
+std::string FullPath(const std::string& path) {
+    std::error_code none;
+    return fs::absolute(path, none).string();
+}
+
 bool SameFile(const std::string& one, const std::string& other) {
     std::error_code error;
     return fs::equivalent(one, other, error);

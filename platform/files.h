@@ -3,9 +3,8 @@
 //
 // A change is prepared in a new file in the same folder, synced, and takes over the name in one step. A kill
 // or a power cut leaves the whole old content or the whole new one, and at most the new file, FreshName,
-// which the player's next change in that folder
-// removes. Where the folder cannot be written, the file is changed in
-// place, and a kill or a power cut may leave a mixture of both.
+// which the player's next change in that folder removes. Where the folder cannot be written, the file is
+// changed in place, and a kill or a power cut may leave a mixture of both.
 #pragma once
 
 #include <cstddef>
@@ -36,6 +35,9 @@ FileError ReadFile(const std::string& path, std::size_t limit, std::string& cont
 /// Puts `content` in the place of the file, made if missing; on the disk when it returns without an error. On
 /// failure the file is as it was. A link stays, and the file that it leads to is replaced or made.
 FileError ReplaceFile(const std::string& path, const std::string& content);
+
+/// The path as messages tell it: from the root on.
+std::string FullPath(const std::string& path);
 
 /// True when both paths lead to the same existing file.
 bool SameFile(const std::string& one, const std::string& other);

@@ -56,6 +56,10 @@ FileError ReplaceFile(const std::string& path, const std::string& content) {
     return Store(path, content);
 }
 
+std::string FullPath(const std::string& path) {
+    return std::string(FolderName) + PathSeparator + NameIn(path);
+}
+
 bool SameFile(const std::string& one, const std::string& other) {
     return Find(one) && Find(one) == Find(other);
 }
