@@ -103,6 +103,23 @@ void CheckFreeField(NumberReader& reader) {
         reader.Fail(reader.Fields.Line(), "a text is missing");
 }
 
+void AddQuillet(const Figure& figure, Collection& collection) {
+    collection.QuilletCount += 1;
+    if (collection.QuilletCount > MostQuillets) return;
+    const auto quillet = static_cast<std::size_t>(collection.QuilletCount);
+    for (int p = 0; p < PieceCount; ++p) {
+        collection.SolTurn[p][quillet] = figure.Pieces.PieceTurn[p];
+        collection.SolX[p][quillet] = figure.Pieces.PieceX[p] - figure.Left;
+        collection.SolY[p][quillet] = NearestInt16(figure.Pieces.PieceY[p] - figure.Top);
+    }
+}
+
+/// What has to be written before the next line.
+std::string_view MissingLineEnd(std::string_view text) {
+    if (text.empty() || text.ends_with('\n')) return "";
+    return text.ends_with('\r') ? "\n" : LineEnd;
+}
+
 Number NextTurn(NumberReader& reader) {
     const Number turn = reader.NextInt16();
     if (turn < 0 || turn >= TurnCount) reader.Fail(reader.Fields.Line(), "a turn is not 0 to 7");
@@ -127,24 +144,7 @@ Number ReadRecord(NumberReader& reader, Figure& figure) {
     return number;
 }
 
-void AddQuillet(const Figure& figure, Collection& collection) {
-    collection.QuilletCount += 1;
-    if (collection.QuilletCount > MostQuillets) return;
-    const auto quillet = static_cast<std::size_t>(collection.QuilletCount);
-    for (int p = 0; p < PieceCount; ++p) {
-        collection.SolTurn[p][quillet] = figure.Pieces.PieceTurn[p];
-        collection.SolX[p][quillet] = figure.Pieces.PieceX[p] - figure.Left;
-        collection.SolY[p][quillet] = NearestInt16(figure.Pieces.PieceY[p] - figure.Top);
-    }
-}
-
-/// What has to be written before the next line.
-std::string_view MissingLineEnd(std::string_view text) {
-    if (text.empty() || text.ends_with('\n')) return "";
-    return text.ends_with('\r') ? "\n" : LineEnd;
-}
-
-/// Copies the next record, with another number.
+/// Copies the next record as it is written, with another number.
 void CopyRecord(FieldReader& fields, int number, std::string& result) {
     fields.NextField();
     result += std::to_string(number);
@@ -153,6 +153,16 @@ void CopyRecord(FieldReader& fields, int number, std::string& result) {
 }
 
 } // namespace
+
+std::string RecordText(Number number, const Figure& figure) {
+    const auto decimal = [](Number value) { return std::to_string(NearestInt32(value)); };
+    const auto coordinate = [](Number value) { return std::to_string(NearestInt16(value)); };
+    std::string text = decimal(number) + "," + decimal(figure.Left) + "," + decimal(figure.Top);
+    for (int p = 0; p < PieceCount; ++p)
+        text += "," + decimal(figure.Pieces.PieceTurn[p]) + "," + coordinate(figure.Pieces.PieceX[p]) + ","
+                + coordinate(figure.Pieces.PieceY[p]);
+    return text + LineEnd;
+}
 
 Fault ReadPieceTable(std::string_view text, PieceTable& table) {
     table.UnitStraight = 24;
@@ -180,16 +190,6 @@ Fault ReadCollection(std::string_view text, Collection& collection) {
 
 Fault FaultOfCollection(std::string_view text) {
     return ReadCollection(text, *std::make_unique<Collection>());
-}
-
-std::string RecordText(Number number, const Figure& figure) {
-    const auto decimal = [](Number value) { return std::to_string(NearestInt32(value)); };
-    const auto coordinate = [](Number value) { return std::to_string(NearestInt16(value)); };
-    std::string text = decimal(number) + "," + decimal(figure.Left) + "," + decimal(figure.Top);
-    for (int p = 0; p < PieceCount; ++p)
-        text += "," + decimal(figure.Pieces.PieceTurn[p]) + "," + coordinate(figure.Pieces.PieceX[p]) + ","
-                + coordinate(figure.Pieces.PieceY[p]);
-    return text + LineEnd;
 }
 
 std::string WithRecord(std::string_view text, const std::string& record) {
