@@ -147,7 +147,7 @@ TEST_F(CollectionFilesTest, SaveAsKeepsLinksAndModesAndRefusesWhatItMayNotWrite)
     EXPECT_FALSE(fs::exists("set.qui"));
 }
 
-TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletNumbersTheOthersAnewAndKeepsTheHeadByteForByte) {
+TEST_F(CollectionFilesTest, RemoveDropsTheShownQuilletNumbersTheOthersAgainAndKeepsTheHeadByteForByte) {
     const std::string text = Replaced(ShippedHead, "\r", ""); // other line ends, and blanks at the free field
     const std::string head = text.substr(0, text.rfind('\n', text.size() - 2) + 1);
     const std::string first = Records(1, "1,0,0", "1,1,1");
