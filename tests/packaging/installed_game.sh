@@ -51,11 +51,16 @@ done
 Start prefix/bin bob
 ExpectOwn bob stray.wav
 
-# The usual player has a home and no variable for data. The game works in the folder, where Remove leaves its file.
-eves=$PWD/eve/home/.local/share/quillets
-HOME=$PWD/eve/home QT_QPA_PLATFORM=none env -u XDG_DATA_HOME strace -o calls -e chdir prefix/bin/quillets &>log || true
+# The usual player has a home and no variable for data. The game works in the folder, where Remove leaves its file; on a
+# full disk, which holds no collection, in the shipped one.
+WorksIn() {
+    HOME=$PWD/$1 QT_QPA_PLATFORM=none env -u XDG_DATA_HOME strace -o calls -e chdir prefix/bin/quillets &>log || true
+    grep -q "^chdir(\"$PWD/$2\")" calls
+}
+eves=eve/home/.local/share/quillets
+WorksIn eve/home $eves
 cmp $eves/QUILLET.qui $shared/QUILLET.qui
-grep -q "^chdir(\"$eves\")" calls
+(trap '' XFSZ; ulimit -f 8; WorksIn frank $shared)
 
 # The program's folder as an archive has it: nothing is laid anywhere else.
 Start portable dora
