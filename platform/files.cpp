@@ -143,8 +143,8 @@ Errno WriteBytes(int handle, std::string_view content) {
     return Done;
 }
 
-/// Gives the file this content and no more; on the disk when it returns without an error.
-Errno WriteAll(int handle, std::string_view content) {
+/// Gives an old file this content and no more; on the disk when it returns without an error.
+Errno WriteOver(int handle, std::string_view content) {
     Errno error = WriteBytes(handle, content);
     if (error == Done) error = Outcome(::ftruncate(handle, static_cast<off_t>(content.size())));
     return error == Done ? Outcome(::fsync(handle)) : error;
@@ -192,7 +192,8 @@ Errno TakeOver(const std::string& path, const struct stat* old, const std::strin
     const OpenFile file = MakeFresh(fresh);
     if (file.Error() != Done) return file.Error();
     if (old) PassOn(*old, file.Handle());
-    Errno error = WriteAll(file.Handle(), content);
+    Errno error = WriteBytes(file.Handle(), content);
+    if (error == Done) error = Outcome(::fsync(file.Handle()));
     if (error == Done) error = Outcome(::rename(fresh.c_str(), path.c_str()));
     if (error == Done)
         SyncFolder(folder);
@@ -212,8 +213,8 @@ FileError ChangeInPlace(int handle, const std::string& content) {
     std::string old;
     Errno error = ReadAll(handle, old.max_size(), old);
     if (error != Done) return InWords(error);
-    error = WriteAll(handle, content);
-    if (error == Done || WriteAll(handle, old) == Done) return InWords(error);
+    error = WriteOver(handle, content);
+    if (error == Done || WriteOver(handle, old) == Done) return InWords(error);
     return InWords(error) + ", and its old content could not be put back";
 }
 
