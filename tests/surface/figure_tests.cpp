@@ -59,7 +59,7 @@ void ExpectTarget(int quillet, int level) {
 void ExpectBoard(int quillet, int level) {
     Reference board(350, 390, Game.BoardColor),
         picks(FormMain.Image.Width(), FormMain.Image.Height(), FormMain.Image.BackColor);
-    // Copy judges no turns: the colours tell of those at home.
+    // Copy judges no turns: the colours are those of the turns at home.
     PerPiece<Number> home;
     std::ranges::copy(Game.HomeTurn, home.begin());
     Matches matches{};
@@ -98,7 +98,7 @@ struct Layout {
     bool Numbered;
 };
 
-/// The lines of a cell are drawn anew with each piece, light ones and dark ones beside them.
+/// The lines of a cell are drawn again with each piece, light ones and dark ones beside them.
 void ExpectPage(const Form& page, const Layout& layout, int before, Colour edge, Colour inside) {
     Reference reference(page.Image.Width(), page.Image.Height(), layout.Ground);
     std::vector<Surface::TextItem> numbers;
