@@ -10,7 +10,7 @@ Has npm || NeedPackages npm
 ./web --build
 
 axe=build/web/package/axe.min.js
-[[ -f $axe ]] || (cd build/web && tar xzf "$(npm pack --silent axe-core@4.14.1)")
+[[ -f $axe ]] || (cd build/web && tar xzf "$(npm pack --loglevel=error axe-core@4.14.1)")
 
 "$1" build/web/story
 exec /usr/bin/python3 tests/web/play.py build/web/page build/web/story $axe "${@:2}"
