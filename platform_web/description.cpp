@@ -23,27 +23,28 @@ std::vector<JsonObject> Each(const std::vector<Item>& items, Describe describe) 
 /// The members that a control or a form has beside name and place.
 template <typename Record>
 void AddMembers(JsonObject& object, const Record& record) {
-    if constexpr (requires { record.Caption; }) object("text", record.Caption);
-    if constexpr (requires { record.Text; }) object("text", record.Text);
-    if constexpr (requires { record.Font; }) object("bold", record.Font.Bold)("points", record.Font.Points);
-    if constexpr (requires { record.Centred; }) object("centred", record.Centred);
+    if constexpr (requires { record.Caption; }) object.Add("text", record.Caption);
+    if constexpr (requires { record.Text; }) object.Add("text", record.Text);
+    if constexpr (requires { record.Font; })
+        object.Add("bold", record.Font.Bold, "points", record.Font.Points);
+    if constexpr (requires { record.Centred; }) object.Add("centred", record.Centred);
     if constexpr (requires { record.AutoSize; })
-        object("fits", record.AutoSize)("ink", CssColour(record.ForeColor))("ground",
-                                                                            CssColour(record.BackColor));
-    if constexpr (requires { record.MouseDown; }) object("mouse", record.MouseDown != nullptr);
-    if constexpr (requires { record.MouseUp; }) object("mouse", record.MouseUp != nullptr);
-    if constexpr (requires { record.KeyDown; }) object("keys", record.KeyDown != nullptr);
+        object.Add("fits", record.AutoSize, "ink", CssColour(record.ForeColor), "ground",
+                   CssColour(record.BackColor));
+    if constexpr (requires { record.MouseDown; }) object.Add("mouse", record.MouseDown != nullptr);
+    if constexpr (requires { record.MouseUp; }) object.Add("mouse", record.MouseUp != nullptr);
+    if constexpr (requires { record.KeyDown; }) object.Add("keys", record.KeyDown != nullptr);
     if constexpr (requires { record.Image; })
-        object("surface", &record.Image)("columns", record.Image.Width())("rows", record.Image.Height());
+        object.Add("surface", &record.Image, "columns", record.Image.Width(), "rows", record.Image.Height());
     if constexpr (requires { record.InWords; })
-        object("spoken", record.SpokenName)("words", record.InWords ? record.InWords() : "")("icon",
-                                                                                             record.Icon);
+        object.Add("spoken", record.SpokenName, "words", record.InWords ? record.InWords() : "", "icon",
+                   record.Icon);
     if constexpr (requires { record.Latched; })
-        object("tip", record.ToolTipText)("icon", record.Picture)("latches", record.Latches)("latched",
-                                                                                             record.Latched);
+        object.Add("tip", record.ToolTipText, "icon", record.Picture, "latches", record.Latches, "latched",
+                   record.Latched);
     if constexpr (requires { record.Max; })
-        object("value", record.Value)("max", record.Max)("small", record.SmallChange)("large",
-                                                                                      record.LargeChange);
+        object.Add("value", record.Value, "max", record.Max, "small", record.SmallChange, "large",
+                   record.LargeChange);
 }
 
 const Control& ControlOf(const ControlRef& ref) {
@@ -68,24 +69,24 @@ std::vector<JsonObject> DescriptionsOf(const std::vector<ControlRef>& controls, 
         "label", "picture", "tile", "frame", "bar", "button", "text", "browser"};
     return Each(controls, [&](const ControlRef& ref) {
         const Control& control = ControlOf(ref);
-        JsonObject object;
-        object("kind", std::string(Kinds[ref.index()]))("id",
-                                                        form + '.' + control.Name + NumberOf(ref, controls));
-        object("x", PixelsOf(control.Left))("y", PixelsOf(control.Top));
-        object("width", PixelsOf(control.Width))("height", PixelsOf(control.Height));
-        object("visible", control.Visible)("enabled", control.Enabled);
-        std::visit([&](const auto* record) { AddMembers(object("record", record), *record); }, ref);
+        const std::string id = form + '.' + control.Name + NumberOf(ref, controls);
+        JsonObject object("kind", std::string(Kinds[ref.index()]), "id", id, "visible", control.Visible,
+                          "enabled", control.Enabled, "x", PixelsOf(control.Left), "y", PixelsOf(control.Top),
+                          "width", PixelsOf(control.Width), "height", PixelsOf(control.Height));
+        std::visit([&](const auto* record) { object.Add("record", record), AddMembers(object, *record); },
+                   ref);
         if (Frame* const* frame = std::get_if<Frame*>(&ref))
-            object("controls", DescriptionsOf((*frame)->Controls, form));
+            object.Add("controls", DescriptionsOf((*frame)->Controls, form));
         return object;
     });
 }
 
 JsonObject DescriptionOf(const Menu& menu, const std::string& form) {
-    return JsonObject()("id", form + '.' + menu.Name)("text", menu.Caption)(
-        "items", Each(menu.Items, [&](const MenuItem& item) {
-            return JsonObject()("record", &item)("id", form + '.' + item.Name)("text", item.Caption);
-        }));
+    const auto describe = [&](const MenuItem& item) {
+        return JsonObject("record", &item, "id", form + '.' + item.Name, "text", item.Caption);
+    };
+    return JsonObject("id", form + '.' + menu.Name, "text", menu.Caption, "items",
+                      Each(menu.Items, describe));
 }
 
 } // namespace
@@ -108,23 +109,24 @@ std::string Json(double number) {
     return text.data();
 }
 
+void JsonObject::AddJson(const char* name, const std::string& value) {
+    Members.append(Members.empty() ? "\"" : ",\"").append(name).append("\":").append(value);
+}
+
 int PixelsOf(float twips) {
     return NearestInt32(twips / TwipsPerPixelX());
 }
 
 std::string DescriptionOf(const Form& form, bool modal) {
-    JsonObject object;
-    object("record", &form)("id", form.Name)("visible", form.Visible)("modal", modal)("closes",
-                                                                                      form.CloseBox);
-    object("sizable", form.Border == BorderStyle::Sizable)("quiet", form.OpensQuietly)("showsImage",
-                                                                                       form.ShowsImage);
-    object("x", PixelsOf(form.Left))("y", PixelsOf(form.Top))("width", ClientWidth(form))("height",
-                                                                                          ClientHeight(form));
+    JsonObject object("record", &form, "id", form.Name, "visible", form.Visible, "modal", modal, "closes",
+                      form.CloseBox, "sizable", form.Border == BorderStyle::Sizable, "quiet",
+                      form.OpensQuietly, "showsImage", form.ShowsImage, "x", PixelsOf(form.Left), "y",
+                      PixelsOf(form.Top), "width", ClientWidth(form), "height", ClientHeight(form));
     AddMembers(object, form);
-    object("controls", DescriptionsOf(form.Controls, form.Name));
-    object("menus", Each(form.Menus, [&](const Menu& menu) { return DescriptionOf(menu, form.Name); }));
-    object("texts", Each(form.Image.Texts(), [](const Surface::TextItem& text) {
-               return JsonObject()("text", text.Text)("ink", CssColour(text.Ink))("x", text.X)("y", text.Y);
-           }));
+    object.Add("controls", DescriptionsOf(form.Controls, form.Name));
+    object.Add("menus", Each(form.Menus, [&](const Menu& menu) { return DescriptionOf(menu, form.Name); }));
+    object.Add("texts", Each(form.Image.Texts(), [](const Surface::TextItem& text) {
+                   return JsonObject("text", text.Text, "ink", CssColour(text.Ink), "x", text.X, "y", text.Y);
+               }));
     return Json(object);
 }

@@ -17,14 +17,20 @@ inline std::string Json(const void* record) {
 template <typename Item>
 std::string Json(const std::vector<Item>& items);
 
-/// One object, member by member.
+/// One object. It takes names and values in turn.
 struct JsonObject {
     std::string Members;
-    template <typename Value>
-    JsonObject& operator()(const char* name, const Value& value) {
-        Members.append(Members.empty() ? "\"" : ",\"").append(name).append("\":").append(Json(value));
-        return *this;
+    template <typename... Rest>
+    explicit JsonObject(const Rest&... rest) {
+        Add(rest...);
     }
+    void Add() {}
+    template <typename Value, typename... Rest>
+    void Add(const char* name, const Value& value, const Rest&... rest) {
+        AddJson(name, Json(value));
+        Add(rest...);
+    }
+    void AddJson(const char* name, const std::string& value);
 };
 inline std::string Json(const JsonObject& object) {
     return '{' + object.Members + '}';

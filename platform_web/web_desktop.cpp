@@ -40,7 +40,7 @@ Form* LastActive = nullptr;
 /// Which rows of a surface are to be shown: those refreshed, or all that were drawn on.
 enum class ShownRows { Due, Changed };
 
-/// Most of what a drag draws anew looks as it did: the rows at either end that do are left out.
+/// Most of what a drag draws again looks as it did: such rows at either end are left out.
 RowRange WithoutSame(const Surface& image, const Surface& shown, RowRange rows) {
     const auto same = [&](int y) {
         return std::equal(image.Row(y), image.Row(y) + image.Width(), shown.Row(y));
@@ -96,8 +96,8 @@ void Load(Form& form) {
 /// The page takes in a file of the player's own before it answers with its name.
 std::int32_t AskForFile(OpenFileName& record, const char* kind) {
     const std::string ending = record.lpstrFile.substr(1, record.lpstrFile.find(' ') - 1);
-    const int answer = Ask(JsonObject()("kind", std::string(kind))("title", record.lpstrTitle)(
-        "ending", ending)("names", NamesEndingIn(ending)));
+    const int answer = Ask(JsonObject("kind", std::string(kind), "title", record.lpstrTitle, "ending", ending,
+                                      "names", NamesEndingIn(ending)));
     record.lpstrFile = record.lpstrInitialDir + Letter + '\0';
     return answer == 0;
 }
@@ -156,10 +156,9 @@ BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, cons
     const bool yesNo = buttons == BoxButtons::YesNo;
     std::vector<std::string> names = {yesNo ? "Yes" : "OK"};
     if (buttons != BoxButtons::Ok) names.push_back(yesNo ? "No" : "Cancel");
-    JsonObject question;
-    question("kind", std::string("box"))("title", title.empty() ? "Quillets" : title)("text", text)("buttons",
-                                                                                                    names);
-    question("icon", std::string(Icons[static_cast<int>(icon)]))("preset", preset == BoxDefault::Second);
+    const JsonObject question("kind", std::string("box"), "title", title.empty() ? "Quillets" : title, "text",
+                              text, "buttons", names, "icon", std::string(Icons[static_cast<int>(icon)]),
+                              "preset", preset == BoxDefault::Second);
     const bool first = Ask(question) == 0;
     if (yesNo) return first ? BoxAnswer::Yes : BoxAnswer::No;
     return first ? BoxAnswer::Ok : BoxAnswer::Cancel;
