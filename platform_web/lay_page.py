@@ -1,5 +1,5 @@
-"""Lays out the page: lay_page.py ROOT ENGINE PAGE. All files are copied; index.html gets the icons, and the service
-worker the list of what belongs to this version."""
+"""Lays out the page: lay_page.py ROOT ENGINE PAGE. All files are copied; the script gets the engine's before it, so that
+there is one request less, index.html the icons, and the service worker the list of what belongs to this version."""
 import hashlib
 import json
 import pathlib
@@ -24,15 +24,15 @@ def lay(file, folder="."):
 
 
 shutil.rmtree(page, ignore_errors=True)
-for file in [*sources.iterdir(), engine / "engine.js", engine / "engine.wasm", *data.glob("*.wav"), data / "QUILLET.qui",
+for file in [*sources.iterdir(), engine / "engine.wasm", *data.glob("*.wav"), data / "QUILLET.qui",
              data / "quillets.htm"]:
     lay(file)
 for file in data.glob("help/*"):
     lay(file, "help")
 lay(data / "icons" / "quillets.svg", "icons")
 
-# The panes stand where the page has room for them, until the player has said otherwise.
-(page / "Quillets.cfg").write_bytes(b"QUILLET.qui\r\n-1,-1,-1,-1\r\n")
+script = page / "quillets.js"
+script.write_text((engine / "engine.js").read_text() + script.read_text())
 
 icons = "".join(symbol(icon) for icon in sorted(data.glob("icons/*.svg")))
 index = page / "index.html"

@@ -40,6 +40,7 @@ function callEngine(deed) {
     inEngine = true;
     try {
         deed();
+        settle();
     } catch (fault) {
         console.error(fault);
         finish("Quillets has stopped by a fault of its own. What it has stored is safe.");
@@ -72,10 +73,15 @@ const resultOf = request => new Promise((resolve, reject) => {
     request.onerror = () => reject(request.error);
 });
 
+/** Resolves to nothing, or to the reason why there is none. */
 async function openDatabase() {
-    const opening = indexedDB.open(FolderId, 1);
-    opening.onupgradeneeded = () => opening.result.createObjectStore("files");
-    Database = await resultOf(opening);
+    try {
+        const opening = indexedDB.open(FolderId, 1);
+        opening.onupgradeneeded = () => opening.result.createObjectStore("files");
+        Database = await resultOf(opening);
+    } catch (fault) {
+        return reasonOf(fault);
+    }
 }
 
 async function storedFiles() {
@@ -134,36 +140,46 @@ function align({ canvas }) {
     if (Math.abs(x) + Math.abs(y) > 0.02) canvas.style.translate = `${x}px ${y}px`;
 }
 
+/** Gives all canvases on the screen their sizes and places. */
 function fitAll() {
     for (const [record, surface] of Surfaces) if (isOnScreen(surface.canvas)) {
         if (fit(surface)) paint(record);
         align(surface);
     }
+    paintDue();
 }
 
-/** Shows rows, with those beside them: edges go by their neighbours. Letters reach over rows. */
+/** Rows of a surface are to be shown, with those beside them: edges go by their neighbours. Letters reach over rows. */
 function paint(record, first = 0, last = Infinity) {
-    const surface = Surfaces.get(record), canvas = surface?.canvas;
-    if (!canvas || !isOnScreen(canvas)) return;
-    if (fit(surface) || surface.texts.length) [first, last] = [0, Infinity];
-    const scale = canvas.height / surface.rows, end = Math.min(canvas.height, Math.ceil((last + 1) * scale));
+    const surface = Surfaces.get(record);
+    if (!surface) return;
+    if (surface.texts.length) [first, last] = [0, Infinity];
+    surface.due = { first: Math.min(first, surface.due?.first ?? first), last: Math.max(last, surface.due?.last ?? last) };
+}
+
+function paintDue() {
+    for (const [record, surface] of Surfaces) {
+        if (surface.due && isOnScreen(surface.canvas)) paintRows(record, surface, surface.due);
+        surface.due = null;
+    }
+}
+
+function paintRows(record, { canvas, rows, texts }, { first, last }) {
+    const scale = canvas.height / rows, end = Math.min(canvas.height, Math.ceil((last + 1) * scale));
     const context = canvas.getContext("2d"), { width } = canvas;
     for (let row = Math.max(0, Math.floor((first - 1) * scale)), next; row < end; row = next) {
         next = Math.min(end, row + RowsOfABand);
         const place = Game._DisplayRows(record, width, canvas.height, row, next);
         context.putImageData(new ImageData(new Uint8ClampedArray(Game.HEAPU8.buffer, place, width * (next - row) * 4), width), 0, row);
     }
-    for (const { text, ink, x, y } of surface.texts) {
+    for (const { text, ink, x, y } of texts) {
         Object.assign(context, { font: `${11 * scale}px Arial, "Liberation Sans", sans-serif`, fillStyle: ink, textBaseline: "top" });
         context.fillText(text, x * scale, (y + 1) * scale);
     }
 }
 
-function showSurface(canvas, { surface, columns, rows, texts = [] }) {
-    const known = Surfaces.get(surface);
-    Surfaces.set(surface, { ...known, canvas, columns, rows, texts });
-    if (known?.columns !== columns || known.rows !== rows) paint(surface);
-}
+const showSurface = (canvas, { surface, columns, rows, texts = [] }) =>
+    Surfaces.set(surface, { ...Surfaces.get(surface), canvas, columns, rows, texts });
 
 // ---- Controls. A kind has a way to be made, and most have one to be brought in line with their description.
 
@@ -404,7 +420,7 @@ const dropFinger = hand => (clearTimeout(hand.finger?.timer), hand.finger = null
 // ---- Panes. The game's two windows lie on the desk; other forms, and all questions, are dialogs over them.
 
 const Panes = new Map();
-let TopLayer = 1;
+let TopLayer = 1, isSettled = true;
 const isSection = ({ element }) => element.localName === "section";
 const isShown = pane => isSection(pane) ? !pane.element.hidden : pane.element.open;
 
@@ -419,8 +435,15 @@ function show(form) {
     else if (opens) pane.element.setAttribute("open", "");
     if (form.showsImage) showSurface(pane.canvas, form);
     for (const control of form.controls) showControl(pane, pane.client, control);
-    if (isSection(pane)) arrangeDesk();
-    else if (opens) placePane(pane);
+    if (opens && !isSection(pane)) placePane(pane);
+    isSettled = false;
+}
+
+/** Ends a deed: the desk is laid out once for all that it has changed. */
+function settle() {
+    if (isSettled) return paintDue();
+    isSettled = true;
+    arrangeDesk();
 }
 
 function makePane(form) {
@@ -468,10 +491,13 @@ function focus(record) {
     document.querySelector("canvas[tabindex]").focus({ preventScroll: true });
 }
 
+/** The game's two windows have their places on the desk, dialogs on the screen. All stay in sight. */
 function moveTo(pane, x, y) {
-    pane.x = snap(Math.max(0, Math.min(x, innerWidth - pane.element.offsetWidth)));
-    pane.y = snap(Math.max(0, Math.min(y, innerHeight - 32)));
-    Object.assign(pane.element.style, { left: `${pane.x}px`, top: `${pane.y}px` });
+    const { offsetLeft, offsetTop } = isSection(pane) ? byId("desk") : { offsetLeft: 0, offsetTop: 0 };
+    const left = Math.max(-offsetLeft, Math.min(x, innerWidth - pane.element.offsetWidth - offsetLeft));
+    const top = Math.max(-offsetTop, Math.min(y, innerHeight - 32 - offsetTop));
+    Object.assign(pane, { x, y });
+    Object.assign(pane.element.style, { left: `${left}px`, top: `${top}px` });
 }
 const centre = pane => moveTo(pane, (innerWidth - pane.element.offsetWidth) / 2, (innerHeight - pane.element.offsetHeight) / 2);
 
@@ -490,47 +516,32 @@ function scalePane({ element, client, form, canvas }) {
     if (canvas) client.style.setProperty("--s", Math.min(1, Math.max(room, 1 / devicePixelRatio)));
 }
 
-/** The game's two windows stand where they were, or side by side; on a narrow page the style sheet sets them. */
+/** The game's two windows stand where the player has moved them; on a narrow page the style sheet sets them. */
 function arrangeDesk() {
     const panes = [...Panes.values()].filter(pane => isSection(pane) && isShown(pane));
     panes.forEach(scalePane);
     for (const frame of document.querySelectorAll("fieldset:has(canvas)"))
         frame.style.setProperty("--s", Math.min(1, (frame.clientWidth - 12) / 245, (frame.clientHeight - 18) / 277));
-    if (isWide.matches) {
-        for (const pane of panes) moveTo(pane, pane.x ?? pane.form.x, pane.y ?? pane.form.y);
-        if (panes.length === 2 && !panes.some(pane => pane.isMoved)) separate(...panes);
-    }
+    for (const pane of panes) moveTo(pane, pane.x ?? pane.form.x, pane.y ?? pane.form.y);
     fitAll();
 }
-
-function separate(a, b) {
-    const apart = (x, size) => a[x] >= b[x] + b.element[size] || b[x] >= a[x] + a.element[size];
-    if (apart("x", "offsetWidth") || apart("y", "offsetHeight")) return;
-    const free = Math.max(0, innerWidth - a.element.offsetWidth - b.element.offsetWidth), gap = Math.min(16, free);
-    const top = (innerHeight - Math.max(a.element.offsetHeight, b.element.offsetHeight)) / 2;
-    moveTo(a, (free - gap) / 2, top);
-    moveTo(b, (free + gap) / 2 + a.element.offsetWidth, top);
-    [a, b].forEach(tellPlace);
-}
-const tellPlace = ({ record, x, y }) => deliver(() => Game._Moved(record, Math.round(x), Math.round(y)));
 
 function moveBy(caption, pane) {
     let grip = null;
     caption.onpointerdown = event => {
         if (event.button !== 0 || isSection(pane) && !isWide.matches || event.target.localName === "button") return;
-        const { left, top } = pane.element.getBoundingClientRect();
         caption.setPointerCapture(event.pointerId);
-        grip = { x: event.clientX - left, y: event.clientY - top };
+        grip = { x: event.clientX - pane.element.offsetLeft, y: event.clientY - pane.element.offsetTop };
     };
     caption.onpointermove = event => {
         if (!grip) return;
-        pane.isMoved = true;
         moveTo(pane, event.clientX - grip.x, event.clientY - grip.y);
         fitAll();
     };
     caption.onlostpointercapture = () => {
-        if (grip && pane.record) tellPlace(pane);
+        const { offsetLeft: x, offsetTop: y } = pane.element;
         grip = null;
+        if (pane.record) deliver(() => Game._Moved(pane.record, x, y));
     };
 }
 
@@ -538,18 +549,18 @@ function resized({ record, client: { clientWidth: width, clientHeight: height },
     if (width && (width !== form.width || height !== form.height)) deliver(() => Game._Resized(record, width, height));
 }
 
-function layOutAnew() {
+function layOutPage() {
     for (const pane of Panes.values()) if (pane.element.open) {
         scalePane(pane);
         moveTo(pane, pane.x, pane.y);
     }
-    arrangeDesk();
     for (const record of Surfaces.keys()) paint(record);
+    arrangeDesk();
 }
 
 /** Not every browser calls it another size when the page goes to a screen of another ratio. */
 function followRatio() {
-    matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener("change", () => (layOutAnew(), followRatio()), { once: true });
+    matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener("change", () => (layOutPage(), followRatio()), { once: true });
 }
 
 // ---- Menus.
@@ -634,7 +645,7 @@ async function takeIn({ names, ending }, file) {
 function askForFile(question) {
     const { kind, title, names, ending } = question, saves = kind === "save";
     const list = make("select", { size: 8, ariaLabel: "Files" }, ...names.map(name => make("option", {}, name)));
-    const own = make("input", saves ? { type: "text", value: `*${ending}`, spellcheck: false, autocomplete: "off" } : { type: "file", accept: ending });
+    const own = make("input", saves ? { type: "text", spellcheck: false, autocomplete: "off" } : { type: "file", accept: ending });
     const content = make("form", { className: "content files" }, list, make("label", {}, saves ? "File name" : "From this computer", own));
     let offered = null;
     const close = askBy({ title, buttons: [saves ? "Save" : "Open", "Cancel"] }, content, button => {
@@ -652,7 +663,6 @@ function askForFile(question) {
     list.onchange = () => saves && (own.value = list.value);
     own.onchange = () => own.files?.[0] && takeOffer(own.files[0]);
     (saves ? own : list).focus();
-    own.select?.();
 }
 
 /** A file that is dropped on the page is opened as by the menu. */
@@ -677,7 +687,7 @@ function loadCues() {
     for (const name of CueNames) if (!Cues.has(name)) Cues.set(name, load(`${name}.wav`).catch(() => Cues.delete(name) && null));
 }
 
-/** A cue that cannot be had is no fault of play. */
+/** A cue that does not load is no fault of play. */
 async function play(file) {
     const buffer = await Cues.get(file.replace(".wav", ""));
     if (!buffer) return;
@@ -702,9 +712,9 @@ function setPrintedRatio(ratio) {
     for (const { element, client, form } of Panes.values()) if (element.classList.contains("printed")) {
         Surfaces.get(form.surface).ratio = ratio;
         client.style.setProperty("--s", 1);
-        paint(form.surface);
+        fitAll();
     }
-    if (!ratio) layOutAnew();
+    if (!ratio) layOutPage();
 }
 
 // ---- Start and end. One tab at a time holds the folder.
@@ -739,14 +749,15 @@ function keptFile([name, content]) {
     return row;
 }
 
-const shippedFile = async name => [name, new Uint8Array(await (await fetch(name)).arrayBuffer())];
+/** The two windows side by side on the desk (quillets.css), in twips. */
+const FirstSettings = new TextEncoder().encode("QUILLET.qui\r\n0,0,4080,0\r\n");
 
 /** Runs the game until it is over. Stored files lie over those that came with the page. */
-async function run(engine, shipped) {
-    let fault = "";
-    const stored = await openDatabase().then(storedFiles).catch(error => (fault = reasonOf(error), []));
-    Game = await engine;
-    for (const file of [...await shipped, ...stored]) layFile(...file);
+async function run(opening) {
+    let [engine, collection, fault = ""] = await Promise.all(opening);
+    const stored = Database ? await storedFiles().catch(reason => (fault = reasonOf(reason), [])) : [];
+    Game = engine;
+    for (const file of [["QUILLET.qui", new Uint8Array(collection)], ["Quillets.cfg", FirstSettings], ...stored]) layFile(...file);
     deliver(() => (leaveLetter(fault), Game._Start()));
     navigator.serviceWorker?.register("service_worker.js").catch(console.warn);
     return new Promise(resolve => letGo = resolve);
@@ -769,13 +780,14 @@ function giveUp() {
 }
 
 function begin() {
-    const engine = Engine(), shipped = Promise.all(["QUILLET.qui", "Quillets.cfg"].map(shippedFile)), start = () => run(engine, shipped);
+    const opening = [Engine(), fetch("QUILLET.qui").then(content => content.arrayBuffer()), openDatabase()];
+    const start = () => run(opening).catch(fault => (console.error(fault), finish("Quillets could not be fetched.", "Try again")));
     if (!navigator.locks) return start();
     navigator.locks.request(FolderId, { ifAvailable: true }, lock => lock ? start() : void waitForOtherTab(start));
 }
 
 globalThis.Page = { show, paint, raise, focus, ask, play, silence, print, navigate, stepBy, leaveAddress, store, end };
-addEventListener("resize", layOutAnew);
+addEventListener("resize", layOutPage);
 addEventListener("blur", () => Game && deliver(() => Game._MouseLost()));
 addEventListener("dragover", event => event.preventDefault());
 addEventListener("drop", takeDrop);

@@ -154,10 +154,13 @@ def keeps_collections(browser, folder):
         files.items.add(new File(["no collection"], "bad.qui"));
         document.body.dispatchEvent(new DragEvent("drop", { bubbles: true, dataTransfer: files }));""")
     assert "bad.qui" in browser.answer("OK")
+    left, top = browser.corner("Form1")
+    browser.drag("Form1", 60, 10, 20, 110)
     browser.press("Form1.quisx", "Form1.Exitx")
     awaited("the end", lambda: browser.texts(".notice .message") == ["The game has ended."])
     browser.driver.find_element("css selector", ".notice .answers button").click()
     awaited("the same collection", lambda: browser.texts("#FormMain h2") == ["File: Quillets/five.qui"])
+    assert browser.corner("Form1") == [left - 40, top + 100], "the panel stands where it was left"
 
 
 def one_tab_plays(browser):
