@@ -17,11 +17,12 @@ constexpr std::int16_t TwipsPerPixelY() {
     return 15;
 }
 
-/// The light face of windows, frames and buttons, fixed so that black figures stand out on every desktop.
-constexpr Colour ButtonFace = Rgb(240, 240, 240);
+/// The face of windows, frames and buttons, fixed on every desktop: light enough for black text and figures,
+/// and dark enough for a yellow piece of the figure.
+constexpr Colour ButtonFace = Rgb(192, 192, 192);
 constexpr Colour WindowText = Rgb(0, 0, 0);
 constexpr Colour Highlight3D = Rgb(255, 255, 255);
-constexpr Colour Shadow3D = Rgb(160, 160, 160);
+constexpr Colour Shadow3D = Rgb(128, 128, 128);
 
 /// What a desktop calls for events. Mouse: Button 1 left, 2 right, 4 middle; Shift 1 Shift, 2 Ctrl, 4 Alt,
 /// added up. X and Y in pixels on a picture, in twips on a form.

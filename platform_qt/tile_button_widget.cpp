@@ -13,8 +13,8 @@ namespace {
 constexpr int IconSize = 32;
 
 /// Under the pointer a button is lighter, and darker while it is latched.
-constexpr Colour HoverFace = Rgb(255, 255, 255);
-constexpr Colour LatchedFace = Rgb(208, 208, 208);
+constexpr Colour HoverFace = Rgb(224, 224, 224);
+constexpr Colour LatchedFace = Rgb(160, 160, 160);
 /// The frame of a latched button tells it from the others without any colour.
 constexpr Colour LatchFrame = Rgb(64, 64, 64);
 constexpr int LatchFrameWidth = 2;
