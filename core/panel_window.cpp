@@ -23,23 +23,24 @@ struct ButtonDesign {
     int FrameIndex;
     float Left;
     const char* Icon;
+    const char* Description;
 };
 
 constexpr ButtonDesign ButtonDesigns[] = {
-    {2, "Remove existing Quillet", 0, 90, "remove"},
-    {3, "Append existing Quillet", 0, 585, "append"},
-    {4, "Reset", 0, 1080, "reset"},
-    {5, "Copy", 0, 1575, "copy"},
-    {14, "Normal", 1, 90, "normal"},
-    {15, "Easy", 1, 585, "easy"},
-    {16, "Very easy", 1, 1080, "very_easy"},
-    {6, "First", 2, 90, "first"},
-    {7, "Left", 2, 585, "left"},
-    {8, "Right", 2, 1080, "right"},
-    {9, "Last", 2, 1575, "last"},
-    {10, "Random", 2, 2070, "random"},
-    {0, "View All", 2, 2565, "view_all"},
-    {11, "Sound", 3, 90, "sound"},
+    {2, "Remove existing Quillet", 0, 90, "remove", "Takes the shown quillet out of its file"},
+    {3, "Append existing Quillet", 0, 585, "append", "Adds what lies on the board to the file"},
+    {4, "Reset", 0, 1080, "reset", "Sends all pieces back to where they begin"},
+    {5, "Copy", 0, 1575, "copy", "Lays the solution on the board"},
+    {14, "Normal", 1, 90, "normal", "All pieces are black"},
+    {15, "Easy", 1, 585, "easy", "A piece with its final turn is blue-green"},
+    {16, "Very easy", 1, 1080, "very_easy", "The figure shows its pieces in colours"},
+    {6, "First", 2, 90, "first", "Shows the file's first quillet"},
+    {7, "Left", 2, 585, "left", "Shows the quillet before this one"},
+    {8, "Right", 2, 1080, "right", "Shows the quillet after this one"},
+    {9, "Last", 2, 1575, "last", "Shows the file's last quillet"},
+    {10, "Random", 2, 2070, "random", "Shows any quillet of the file"},
+    {0, "View All", 2, 2565, "view_all", "Opens a page of quillets to choose from"},
+    {11, "Sound", 3, 90, "sound", "Events can be heard"},
 };
 
 void DesignTarget() {
@@ -47,7 +48,6 @@ void DesignTarget() {
     Place(frame, "TarQui", 12, 1620, 3885, 4425);
     for (Picture& picture : Form1.TargetQui) {
         picture.Name = "TargetQui";
-        picture.SpokenName = "Figure";
         picture.Top = 210;
         picture.Image.BackColor = ButtonFace;
         Resize(picture, 3680, 4152);
@@ -55,6 +55,7 @@ void DesignTarget() {
     }
     Form1.TargetQui[0].Left = 120;
     Form1.TargetQui[1].Left = 90;
+    Form1.TargetQui[1].SpokenName = "Figure";
     frame.Controls = {&Form1.TargetQui[0], &Form1.TargetQui[1]};
     Form1.Controls.push_back(&frame);
 }
@@ -76,6 +77,7 @@ void DesignButtons() {
         button.Index = design.Index;
         button.ToolTipText = design.ToolTipText;
         button.Picture = design.Icon;
+        button.Description = design.Description;
         button.Latches = design.Index == 11 || design.FrameIndex == 1;
         Form1.MFrame[static_cast<std::size_t>(design.FrameIndex)].Controls.push_back(&button);
     }

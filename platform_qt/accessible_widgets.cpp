@@ -12,9 +12,18 @@ namespace {
 /// A button of the panel. Only the game sets its latch, so that the one action is a press.
 class AccessibleTileButton : public QAccessibleWidget {
   public:
-    explicit AccessibleTileButton(TileButtonWidget& button)
-        : QAccessibleWidget(&button, RoleOf(button)), Button(button) {}
+    explicit AccessibleTileButton(TileButtonWidget& button) : QAccessibleWidget(&button), Button(button) {}
 
+    /// Asked each time, as a screen reader may ask before the button is finished. Several latches in one
+    /// frame exclude each other. One alone is a check box: the toolkit knows no toggle button, and does not
+    /// tell that a plain one is on.
+    QAccessible::Role role() const override {
+        if (!Button.isCheckable()) return QAccessible::Button;
+        int latches = 0;
+        for (const auto* other : Button.parentWidget()->findChildren<QAbstractButton*>())
+            latches += other->isCheckable();
+        return latches > 1 ? QAccessible::RadioButton : QAccessible::CheckBox;
+    }
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = Button.isCheckable();
@@ -31,15 +40,6 @@ class AccessibleTileButton : public QAccessibleWidget {
     }
 
   private:
-    /// Several latches in one frame exclude each other.
-    static QAccessible::Role RoleOf(const TileButtonWidget& button) {
-        if (!button.isCheckable()) return QAccessible::Button;
-        int latches = 0;
-        for (const auto* other : button.parentWidget()->findChildren<QAbstractButton*>())
-            latches += other->isCheckable();
-        return latches > 1 ? QAccessible::RadioButton : QAccessible::Button;
-    }
-
     TileButtonWidget& Button;
 };
 

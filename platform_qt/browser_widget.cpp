@@ -26,6 +26,7 @@ QString FileOf(const QUrl& address) {
 
 BrowserWidget::BrowserWidget(WebBrowser& record, QWidget* parent) : QTextBrowser(parent), Record(record) {
     setObjectName(QString::fromStdString(record.Name));
+    setAccessibleName("Help text");
     setOpenLinks(false);
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& address) {
         if (!FileOf(address).isEmpty()) setSource(address);

@@ -7,6 +7,7 @@
 ScrollBarWidget::ScrollBarWidget(ScrollBar& record, QWidget* parent)
     : QScrollBar(Qt::Vertical, parent), Record(record) {
     setObjectName(QString::fromStdString(record.Name));
+    setAccessibleName("Page");
     setFocusPolicy(Qt::StrongFocus);
     ShowRecord();
     connect(this, &QScrollBar::valueChanged, this, [this](int value) {

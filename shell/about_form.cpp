@@ -1,4 +1,4 @@
-// The about box: its design, in twips. Its button and its text both close it.
+// The about box: its design, in twips. Its button, its text and Esc close it.
 #include "shell/about_form.h"
 
 #include "files/sound_cues.h"
@@ -16,6 +16,13 @@ void AboutText_MouseDown(std::int16_t, std::int16_t, float, float) {
     UnloadForm(AboutForm);
 }
 
+void Form_KeyDown(std::int16_t& KeyCode, std::int16_t) {
+    constexpr std::int16_t EscapeKey = 27;
+    if (KeyCode != EscapeKey) return;
+    KeyCode = 0;
+    UnloadForm(AboutForm);
+}
+
 } // namespace
 
 void DesignAboutForm() {
@@ -28,6 +35,7 @@ void DesignAboutForm() {
     Resize(AboutForm, 5160 + FrameWidth(AboutForm.Border), 1470 + FrameHeight(AboutForm.Border));
     const Font bold = {"MS Sans Serif", 8.25F, true};
     AboutForm.Font = bold;
+    AboutForm.KeyDown = Form_KeyDown;
 
     TextBox& text = AboutForm.AboutText;
     Place(text, "AboutText", 30, 30, 4500, 1050);
@@ -36,6 +44,7 @@ void DesignAboutForm() {
     text.MouseDown = AboutText_MouseDown;
 
     Place(AboutForm.Picture1, "Picture1", 4635, 30, 510, 480);
+    AboutForm.Picture1.SpokenName = "The seven pieces";
     AboutForm.Picture1.Image.BackColor = ButtonFace;
     Resize(AboutForm.Picture1, 510, 480);
     AboutForm.Picture1.Image.Cls();

@@ -5,6 +5,8 @@
 #include "shell/help_form.h"
 #include "shell/print_shapes.h"
 
+#include <cmath>
+
 namespace {
 
 void ExpectIcon(const std::string& name) {
@@ -21,6 +23,7 @@ std::string TextsOf(const std::vector<ControlRef>& controls) {
                   << each->BackColor;
         } else if constexpr (requires { each->Latches; }) {
             texts << "; " << each->ToolTipText << (each->Latches ? " latches" : "");
+            EXPECT_FALSE(each->Description.empty() || each->Description == each->ToolTipText);
             ExpectIcon(each->Picture);
         } else if constexpr (requires { each->SpokenName; }) {
             if (each->Visible) texts << "; picture " << each->SpokenName;
@@ -96,12 +99,27 @@ TEST_F(WindowsTest, EveryControlLiesInItsContainerAndTellsItsText) {
         {&AboutForm, 120.F,
          "About Quillets, centred, icon; \r\nQuillets, by the founders of "
          "Quillets\r\nfounders@quillets.example\r\n"
-         "November 2026; picture ; OK; Version 1.1 bold centred ffffff on 0"}};
+         "November 2026; picture The seven pieces; OK; Version 1.1 bold centred ffffff on 0"}};
     for (const auto& [form, slack, texts] : windows) {
         EXPECT_EQ(Described(*form), texts);
         ExpectLaidOut(form->Name, form->Controls, float(15 * ClientWidth(*form)),
                       float(15 * ClientHeight(*form)), 0, slack);
     }
+}
+
+TEST_F(WindowsTest, EveryPieceOfTheFigureStandsOutFromTheFace) {
+    const auto light = [](Colour colour) {
+        const auto part = [&](int shift) {
+            const double value = (colour >> shift & 0xFF) / 255.0;
+            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(0) + 0.7152 * part(8) + 0.0722 * part(16) + 0.05;
+    };
+    for (const std::int32_t entry : Game.PieceQBColor) {
+        const double contrast = light(QBColor(entry)) / light(ButtonFace);
+        EXPECT_GE(std::max(contrast, 1 / contrast), 1.4) << entry;
+    }
+    EXPECT_GE(light(ButtonFace) / light(WindowText), 4.5);
 }
 
 TEST_F(WindowsTest, EveryWayOutHidesItsWindowAndOnlyTheCloseBoxDiscardsIt) {
@@ -121,6 +139,7 @@ TEST_F(WindowsTest, EveryWayOutHidesItsWindowAndOnlyTheCloseBoxDiscardsIt) {
         {&HelpForm, [] { HelpForm.Command3.Click(); }},
         {&HelpForm, [] { UnloadForm(HelpForm); }},
         {&AboutForm, [] { AboutForm.AboutOk.Click(); }},
+        {&AboutForm, [=] { EXPECT_EQ(press(AboutForm, 27), 0); }},
         {&AboutForm, [] { AboutForm.AboutText.MouseDown(2, 0, 0, 0); }}};
     for (const auto& [form, wayOut] : waysOut) {
         ShowForm(*form, Modality::Modeless);
