@@ -61,6 +61,8 @@ void DeliverMove(const QWidget& source, const std::function<void()>& handler) {
 
 void DeliverCommand(const QWidget& source, const std::function<void()>& handler) {
     LoseMouse();
+    // Exit stores them.
+    for (const auto& window : AllWindows()) window->NotePlace();
     Deliver(source, handler);
 }
 

@@ -19,6 +19,7 @@
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QStyle>
+#include <QTimer>
 #include <QWindow>
 #include <utility>
 
@@ -175,44 +176,57 @@ void FormWindow::ShowRecord(ShownRows rows) {
     for (const auto& show : OtherControls) show();
 }
 
-void FormWindow::MoveToPlace() {
+void FormWindow::Prepare(QWidget* owner, bool quiet) {
     if (isVisible()) return;
-    const QPoint place(PixelsOf(Record.Left), PixelsOf(Record.Top));
-    const QSize whole = size() + FrameRoom;
-    // What has to be scrolled is to be seen as far as the screen goes.
-    const Needed needed = Scroller ? Needed::Whole : Needed::Caption;
-    const bool centred = Record.Centred && !Placed;
-    move(centred ? CentreOfScreen(whole) : OnScreen({place, whole}, needed));
-    NotePlace();
-    Placed = true;
-    if (!Record.InTaskBar) LeaveTaskBar(*this);
-}
-
-void FormWindow::ShowAndActivate() {
-    MoveToPlace();
-    setAttribute(Qt::WA_ShowWithoutActivating, false);
-    LastActive = this;
-    show();
-    raise();
-    activateWindow();
-}
-
-void FormWindow::ShowQuietly() {
-    if (!Record.Visible) return;
-    // Some window managers put a window in front only when it appears or gets the keyboard.
-    hide();
-    MoveToPlace();
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    show();
-}
-
-void FormWindow::SetOwner(QWidget* owner) {
-    if (isVisible()) return;
+    setAttribute(Qt::WA_ShowWithoutActivating, quiet);
     // The window system gives owners to dialogs alone.
     setWindowFlags(FlagsOf(Record) | (owner ? Qt::Dialog : Qt::Window));
     create();
     windowHandle()->setTransientParent(owner ? owner->windowHandle() : nullptr);
     connect(windowHandle(), &QWindow::screenChanged, this, &FormWindow::FollowScreen, Qt::QueuedConnection);
+}
+
+void FormWindow::MoveToPlace() {
+    const QPoint place(PixelsOf(Record.Left), PixelsOf(Record.Top));
+    const QSize whole = size() + FrameRoom;
+    // What has to be scrolled is to be seen as far as the screen goes.
+    const Needed needed = Scroller ? Needed::Whole : Needed::Caption;
+    const bool centred = Record.Centred && !Placed;
+    const QPoint corner = centred ? CentreOfScreen(whole) : OnScreen({place, whole}, needed);
+    SetFrameCorner(*this, corner);
+    SetPlace(corner);
+    Placed = true;
+}
+
+void FormWindow::Show() {
+    if (!Record.Visible) return;
+    const bool quiet = testAttribute(Qt::WA_ShowWithoutActivating);
+    // Without the keyboard a window comes to the front when it appears, if at all.
+    if (quiet) Leave();
+    if (!isVisible()) {
+        MoveToPlace();
+        if (!Record.InTaskBar) LeaveTaskBar(*this);
+    }
+    if (!quiet) LastActive = this;
+    show();
+    if (Record.OpensQuietly) QTimer::singleShot(200, this, &FormWindow::ComeToFront);
+    if (quiet) return;
+    raise();
+    activateWindow();
+}
+
+/// Some window managers put nothing in front but what has the keyboard.
+void FormWindow::ComeToFront() {
+    for (const auto& other : AllWindows()) {
+        const QRect shared = frameGeometry() & other->frameGeometry();
+        if (isVisible() && other.get() != this && QApplication::topLevelAt(shared.center()) == other.get())
+            activateWindow();
+    }
+}
+
+void FormWindow::Leave() {
+    NotePlace();
+    hide();
 }
 
 QList<QRect> FormWindow::Figures() const {
@@ -240,15 +254,18 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     });
 }
 
-void FormWindow::moveEvent(QMoveEvent*) {
-    if (isVisible()) NotePlace();
-}
-
 void FormWindow::NotePlace() {
     // Under Wayland no window knows its place, and the record keeps the one that was stored.
-    if (QGuiApplication::platformName().startsWith("wayland")) return;
-    Record.Left = static_cast<float>(pos().x() * TwipsPerPixelX());
-    Record.Top = static_cast<float>(pos().y() * TwipsPerPixelY());
+    if (!isVisible() || QGuiApplication::platformName().startsWith("wayland")) return;
+    const QPoint place = windowHandle()->framePosition();
+    const QPoint known(PixelsOf(Record.Left), PixelsOf(Record.Top));
+    // On a scaled display the corner of a window that nobody moved may be told one pixel off.
+    if ((place - known).manhattanLength() > 2) SetPlace(place);
+}
+
+void FormWindow::SetPlace(QPoint corner) {
+    Record.Left = static_cast<float>(corner.x() * TwipsPerPixelX());
+    Record.Top = static_cast<float>(corner.y() * TwipsPerPixelY());
 }
 
 void FormWindow::changeEvent(QEvent* event) {

@@ -18,15 +18,19 @@ class FormWindow : public QWidget {
     /// Brings the window in line with the record. The place on the screen is set when the window is shown.
     void ShowRecord(ShownRows rows);
 
-    /// Shows the window and gives it the keyboard. It stands where the player left it; at first at the
-    /// record's place or in the centre of the screen.
-    void ShowAndActivate();
+    /// Makes the hidden window again. It stays in front of its owner; without one it is as free as any other.
+    /// A quiet one leaves the keyboard where it is.
+    void Prepare(QWidget* owner, bool quiet);
 
-    /// Shows the window in front of its owner, if it has one, and leaves the keyboard where it is.
-    void ShowQuietly();
+    /// Shows the window in front, and gives it the keyboard unless it is quiet. It stands where the player
+    /// left it; at first at the record's place or in the centre of the screen.
+    void Show();
 
-    /// The window stays in front of its owner. Without an owner it is as free as any other.
-    void SetOwner(QWidget* owner);
+    /// Takes the window off the screen.
+    void Leave();
+
+    /// Lets the record know where the window stands.
+    void NotePlace();
 
     /// The next time the window opens as new.
     void ForgetPlace() { Placed = false; }
@@ -47,7 +51,6 @@ class FormWindow : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -70,7 +73,8 @@ class FormWindow : public QWidget {
     void FixSize(QSize size);
     void FollowScreen();
     void MoveToPlace();
-    void NotePlace();
+    void SetPlace(QPoint corner);
+    void ComeToFront();
     void AddScroller();
     void LeadRecord();
     int MenuHeight() const { return Record.Menus.empty() ? 0 : MenuBarHeight; }

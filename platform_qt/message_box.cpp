@@ -63,8 +63,8 @@ class BesideFigures : public QMessageBox {
     void showEvent(QShowEvent* event) override {
         QMessageBox::showEvent(event);
         if (const QWidget* owner = parentWidget())
-            move(PlaceBeside(size() + FrameRoom, owner->frameGeometry(), Figures(),
-                             owner->screen()->availableGeometry()));
+            SetFrameCorner(*this, PlaceBeside(size() + FrameRoom, owner->frameGeometry(), Figures(),
+                                              owner->screen()->availableGeometry()));
     }
 };
 

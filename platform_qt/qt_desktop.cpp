@@ -27,23 +27,23 @@ void Load(Form& form) {
 
 void ShowModal(Form& form, FormWindow& window) {
     PrepareForModal();
-    window.SetOwner(AskingWindow());
+    window.Prepare(AskingWindow(), false);
     window.setWindowModality(Qt::ApplicationModal);
-    window.ShowAndActivate();
+    window.Show();
     while (form.Visible) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void ShowModeless(Form& form, FormWindow& window) {
     Form& startForm = *Loaded.front();
-    window.SetOwner(form.OpensQuietly ? &WindowOf(startForm) : nullptr);
+    // At the start the keyboard is the start-up form's own, and that one comes last.
+    const bool early = &form != &startForm && !startForm.Visible;
+    window.Prepare(form.OpensQuietly ? &WindowOf(startForm) : nullptr, form.OpensQuietly || early);
     window.setWindowModality(Qt::NonModal);
     if (form.OpensQuietly)
         // After the handler, which gives the keyboard to another window and so puts that one in front.
-        QMetaObject::invokeMethod(&window, &FormWindow::ShowQuietly, Qt::QueuedConnection);
-    else if (&form != &startForm && !startForm.Visible)
-        window.ShowQuietly(); // the start-up form comes next, and the keyboard is its own
+        QMetaObject::invokeMethod(&window, &FormWindow::Show, Qt::QueuedConnection);
     else
-        window.ShowAndActivate();
+        window.Show();
 }
 
 } // namespace
@@ -87,7 +87,7 @@ QWidget* ClientAreaOf(Form& form) {
 
 void HideForm(Form& form) {
     form.Visible = false;
-    if (FormWindow* window = FindWindow(form)) window->hide();
+    if (FormWindow* window = FindWindow(form)) window->Leave();
 }
 
 void UnloadForm(Form& form) {

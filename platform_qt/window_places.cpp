@@ -2,6 +2,7 @@
 #include "platform_qt/window_places.h"
 
 #include <QGuiApplication>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -58,6 +59,12 @@ QPoint CentreOfScreen(QSize size) {
     QRect window(QPoint(), size);
     window.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
     return window.topLeft();
+}
+
+void SetFrameCorner(QWidget& window, QPoint corner) {
+    // The widget has to know its place, or it would set it again when it is shown.
+    window.setGeometry(QRect(corner, window.size()));
+    window.windowHandle()->setFramePosition(corner);
 }
 
 QPoint PlaceBeside(QSize box, const QRect& owner, const QList<QRect>& inView, const QRect& room) {

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QRect>
 #include <QScreen>
+#include <QWidget>
 
 /// What a window manager's frame around a window takes, or somewhat more.
 constexpr QSize FrameRoom(12, 36);
@@ -20,6 +21,10 @@ enum class Needed { Caption, Whole };
 QPoint OnScreen(QRect window, Needed needed);
 
 QPoint CentreOfScreen(QSize size);
+
+/// Sets where the frame of the hidden window will stand. All window managers understand this corner alike;
+/// that of what is in the frame means the frame's to some.
+void SetFrameCorner(QWidget& window, QPoint corner);
 
 /// The place for a box with its frame: inside the room it covers as little as possible of what is to stay in
 /// view. Among such places it is the nearest to the middle of its owner.

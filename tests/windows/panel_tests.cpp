@@ -1,10 +1,12 @@
 // What the panel opens: file dialogs, View All and help; and what it tells those who do not see it.
+#include "core/panel_window.h"
 #include "platform_qt/qt_desktop.h"
 #include "shell/all_shapes.h"
 #include "windows/stage.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QLineEdit>
 #include <QTextBrowser>
 #include <X11/keysym.h>
 #include <fstream>
@@ -13,19 +15,26 @@
 TEST(Panel, ACollectionIsSavedUnderAnotherNameAndOpened) {
     StartGame();
     const std::string shipped = Content(SHIPPED "/QUILLET.qui"), own = Folder() / "QUILLET.qui";
-    const std::string copy = Folder() / "copy.qui", question = copy + "\n file already exists, overwrite?";
+    const std::string copy = Folder() / R"(a "copy".qui)",
+                      question = copy + "\n file already exists, overwrite?";
     std::ofstream(copy) << "precious";
+    for (const char* item : {"Save as", "Open"}) {
+        Choose("Form1", item);
+        TypeName("*.qui"); // as it stands there already: no choice
+    }
     for (const unsigned long modifier : {0, XK_Alt_L}) {
         EXPECT_EQ(Content(copy), "precious");
         Choose("Form1", "Save as");
-        TypeName("copy");
+        Await("the pattern", [] { return NameBox() && NameBox()->text() == "*.qui"; });
+        EXPECT_EQ(Ask([] { return NameBox()->window()->parentWidget(); }), Part("FormMain"));
+        TypeName(R"(a "copy")");
         Answer(question, modifier ? XK_y : XK_Return, modifier);
     }
     Answer(own + "\ncopied as:\n" + copy, XK_Return);
     EXPECT_EQ(Content(copy), shipped);
     EXPECT_EQ(Content(own), shipped);
     Choose("Form1", "Open");
-    TypeName("copy.qui");
+    TypeName(R"(a "copy".qui)");
     Await("its title", [&] { return Part("FormMain")->windowTitle().toStdString() == "File: " + copy; });
     AwaitBoardOnScreen();
 }
@@ -51,6 +60,8 @@ TEST(Panel, ViewAllOpensBesideTheGameByItsButtonAndAloneByTheTarget) {
     Click(Part("Form1", "MenuButx_0"));
     Await("View All", open);
     ExpectBeforeTheBoard(Part("AllShapes"));
+    EXPECT_TRUE(Ask([] { return Part("FormMain")->isActiveWindow(); })) << "it opens quietly";
+    OnGameThread([] { Part("AllShapes")->move(900, 700); });
     Drag(2, 60, 300); // the game goes on beside it
     QWidget* page = Ask([] { return ClientAreaOf(AllShapes); });
     Click(page, Eleventh);
@@ -58,6 +69,13 @@ TEST(Panel, ViewAllOpensBesideTheGameByItsButtonAndAloneByTheTarget) {
           [] { return Game.CurrentQuillet == 11 && Game.PieceX == Game.HomeX; });
     PressKey(XK_Escape);
     Await("the end of View All", [&] { return !open(); });
+    for (int time = 0; time < 2; ++time) {
+        Click(Part("Form1", "MenuButx_0"));
+        Await("View All where it was left",
+              [&] { return open() && Part("AllShapes")->pos() == QPoint(900, 700); });
+        Click(page, Eleventh, MouseButton::Right);
+        Await("the end of View All", [&] { return !open(); });
+    }
     Click(Part("Form1", "TargetQui"), {120, 60}, MouseButton::Right);
     Await("View All alone", [] { return QApplication::activeModalWidget() == Part("AllShapes"); });
     Click(page, Eleventh, MouseButton::Right);
@@ -96,6 +114,11 @@ TEST(Panel, ScreenReadersHearWhatTheButtonsAreAndWhatTheBoardShows) {
             QAccessibleInterface* told = QAccessible::queryAccessibleInterface(button);
             EXPECT_FALSE(button->toolTip().isEmpty());
             EXPECT_EQ(told->text(QAccessible::Name), button->toolTip());
+            EXPECT_NE(told->text(QAccessible::Description), button->toolTip());
+            EXPECT_EQ(told->role(), index >= 14   ? QAccessible::RadioButton
+                                    : index == 11 ? QAccessible::CheckBox
+                                                  : QAccessible::Button)
+                << index;
             EXPECT_EQ(told->state().checkable, index == 11 || index >= 14) << index;
             EXPECT_EQ(told->state().checked, index == 15) << index;
         }
@@ -103,8 +126,9 @@ TEST(Panel, ScreenReadersHearWhatTheButtonsAreAndWhatTheBoardShows) {
         EXPECT_EQ(std::pair(board->role(), board->text(QAccessible::Name)),
                   std::pair(QAccessible::Graphic, QString("Board")));
         EXPECT_EQ(board->text(QAccessible::Description).toStdString(),
-                  "Quillet (1 of 398), Play difficulty: EASY, piece last handled: square, "
-                  "pieces with their final turn: 1 of 7");
+                  Form1.TarQui.Caption
+                      + ", Play difficulty: EASY, piece last handled: square, "
+                        "pieces with their final turn: 1 of 7");
         EXPECT_EQ(QAccessible::queryAccessibleInterface(Part("Form1"))->role(), QAccessible::Window);
     });
 }

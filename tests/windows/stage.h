@@ -13,8 +13,7 @@
 std::filesystem::path Folder();
 std::string Content(const std::filesystem::path& path);
 
-/// Starts the game and waits for both windows, which is a fault when it takes longer than AT_ONCE, in
-/// seconds.
+/// Starts the game and waits for both windows.
 void StartGame();
 
 /// Acts, and waits for the end of the process, which is a fault before this call.
@@ -57,6 +56,8 @@ void Choose(const char* window, const char* item);
 void PressKey(unsigned long key, unsigned long modifier = 0);
 /// Waits for a box with that text, answers it by a key, and waits for its end.
 void Answer(const std::string& text, unsigned long key, unsigned long modifier = 0);
+/// The name box of the open file dialog; none without one.
+class QLineEdit* NameBox();
 /// Waits for a file dialog and enters the name.
 void TypeName(const std::string& name);
 
