@@ -76,8 +76,14 @@ QImage Seen(const QWidget* window) {
 }
 
 template <typename Dialog>
+Dialog* Shown() {
+    return dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+}
+
+/// The dialog once it has the keyboard. Without a window manager that comes and goes.
+template <typename Dialog>
 Dialog* Open() {
-    auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+    auto* dialog = Shown<Dialog>();
     return dialog && dialog->isActiveWindow() ? dialog : nullptr;
 }
 
@@ -179,7 +185,8 @@ void Choose(const char* window, const char* item) {
     Await("the menu bar",
           [&] { return QApplication::topLevelAt(bar->mapToGlobal(QPoint(9, 9))) == bar->window(); });
     Click(bar, Ask([&] { return bar->actionGeometry(bar->actions().first()).center(); }));
-    Await("the menu", [] { return QApplication::activePopupWidget(); });
+    Await(std::string("the menu of ") + window + " for " + item,
+          [] { return QApplication::activePopupWidget(); });
     auto* menu = Ask([] { return dynamic_cast<QMenu*>(QApplication::activePopupWidget()); });
     for (QAction* action : Ask([&] { return menu->actions(); }))
         if (action->text() == item)
@@ -198,7 +205,8 @@ void Answer(const std::string& text, unsigned long key, unsigned long modifier) 
     const auto box = [&] { return Open<QMessageBox>() ? Open<QMessageBox>()->text().toStdString() : ""; };
     Await("the box: " + text, [&] { return box() == text; });
     PressKey(key, modifier);
-    Await("the end of the box", [&] { return box() != text; });
+    Await("the end of the box",
+          [&] { return !Shown<QMessageBox>() || Shown<QMessageBox>()->text().toStdString() != text; });
 }
 
 QLineEdit* NameBox() {
@@ -210,9 +218,9 @@ void TypeName(const std::string& name) {
     Await("a file dialog", NameBox);
     PressKey(XK_a, XK_Control_L);
     for (const char c : name) PressKey(static_cast<unsigned char>(c), c == '"' || c == '*' ? XK_Shift_L : 0);
-    Await("the name", [&] { return NameBox()->text().toStdString() == name; });
+    Await("the name", [&] { return NameBox() && NameBox()->text().toStdString() == name; });
     PressKey(XK_Return);
-    Await("the end of the dialog", [] { return !Open<QFileDialog>(); });
+    Await("the end of the dialog", [] { return !Shown<QFileDialog>(); });
 }
 
 QPoint CornerOf(unsigned long window) {
