@@ -497,7 +497,7 @@ function moveTo(pane, x, y) {
     const left = Math.max(-offsetLeft, Math.min(x, innerWidth - pane.element.offsetWidth - offsetLeft));
     const top = Math.max(-offsetTop, Math.min(y, innerHeight - 32 - offsetTop));
     Object.assign(pane, { x, y });
-    Object.assign(pane.element.style, { left: `${left}px`, top: `${top}px` });
+    Object.assign(pane.element.style, { left: `${snap(left)}px`, top: `${snap(top)}px` });
 }
 const centre = pane => moveTo(pane, (innerWidth - pane.element.offsetWidth) / 2, (innerHeight - pane.element.offsetHeight) / 2);
 

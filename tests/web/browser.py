@@ -25,6 +25,11 @@ def serve(folder, port=0):
     return server
 
 
+def stop(server):
+    server.shutdown()
+    server.server_close()
+
+
 def awaited(what, condition, seconds=10):
     end = time.monotonic() + seconds
     while time.monotonic() < end:

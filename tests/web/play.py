@@ -6,7 +6,7 @@ import sys
 import tempfile
 import time
 
-from browser import Browser, awaited, serve
+from browser import Browser, awaited, serve, stop
 
 PAGE, STORY, AXE = map(pathlib.Path, sys.argv[1:4])
 ONLY = sys.argv[4:]
@@ -64,6 +64,8 @@ def stands_sharp(browser):
 def boxes_hold_their_handler(browser):
     """A form inside the handler, a question inside the form's handler, a page to print behind it."""
     browser.press("Form1.quisx", "Form1.px", "PrintShapes.Printy", "PrintShapes.ShowSolx")
+    hidden = "const c = document.querySelector('#PrintShapes .client'); return c.scrollWidth - c.clientWidth + c.scrollHeight - c.clientHeight"
+    assert browser.run(hidden) == 0, "the whole page is in sight"
     browser.press("PrintShapes.Printy", "PrintShapes.Printx")
     assert browser.run("return document.activeElement.textContent") == "Yes"
     assert browser.answer("Yes") == "Print this page?"
@@ -183,8 +185,7 @@ def one_tab_plays(browser):
 def plays_offline(browser, server):
     awaited("the service worker", lambda: browser.driver.execute_async_script(
         "navigator.serviceWorker.ready.then(r => arguments[0](!!r.active))"))
-    server.shutdown()
-    server.server_close()
+    stop(server)
     browser.open()
     browser.press("Form1.quisx", "Form1.Helpx")
     browser.driver.switch_to.frame(browser.driver.find_element("css selector", "#HelpForm iframe"))
@@ -249,6 +250,7 @@ def main():
         for tale, *more in tales:
             tell(tale, browser, *more)
         browser.end()
+        stop(server)
         server = serve(PAGE, server.server_port)
         tell(killed_at_append, address, folder / "killed")
         tell(storage_fails, address)
