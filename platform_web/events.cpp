@@ -33,8 +33,8 @@ MouseHandler HandlerOf(const Record& record, Deed deed) {
     return nullptr;
 }
 
-/// Moves of the mouse, of which there may be many to a picture, are Unseen until ShowMoves; a Command takes
-/// the mouse from a drag first.
+/// Moves of the mouse are Unseen until ShowMoves, as many of them make one picture. A Command ends a drag
+/// first.
 enum class EventKind { Plain, Unseen, Command };
 
 /// Runs a handler as an event of the form, and shows what it changed.
@@ -74,7 +74,7 @@ EMSCRIPTEN_KEEPALIVE void Mouse(Form* form, const void* address, int deed, std::
     });
 }
 
-/// The mouse went elsewhere for good.
+/// The browser has taken the mouse away.
 EMSCRIPTEN_KEEPALIVE void MouseLost() {
     RunTask([] {
         LoseMouse();

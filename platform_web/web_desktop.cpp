@@ -78,7 +78,7 @@ void PrepareForModal() {
     for (auto& [form, pane] : Panes) ShowPane(*form, pane, ShownRows::Due);
 }
 
-/// Puts a question to the player and waits; which of its buttons was chosen.
+/// Asks the player and waits; answers which button was chosen.
 int Ask(const JsonObject& question) {
     PrepareForModal();
     Modals.push_back(nullptr);
@@ -232,21 +232,22 @@ void PrintForm(Form& form) {
     TellPage("print", Json(&form));
 }
 
-void Navigate(WebBrowser& browser, const std::string& address) {
-    TellPage("navigate", Json(&browser) + ',' + Json(address));
+// The help form has the only browser.
+void Navigate(WebBrowser&, const std::string& address) {
+    TellPage("navigate", Json(address));
 }
 
-std::string LocationURL(const WebBrowser& browser) {
-    TellPage("leaveAddress", Json(&browser));
+std::string LocationURL(const WebBrowser&) {
+    TellPage("leaveAddress");
     return Letter;
 }
 
-void GoBack(WebBrowser& browser) {
-    TellPage("stepBy", Json(&browser) + ",-1");
+void GoBack(WebBrowser&) {
+    TellPage("stepBy", "-1");
 }
 
-void GoForward(WebBrowser& browser) {
-    TellPage("stepBy", Json(&browser) + ",1");
+void GoForward(WebBrowser&) {
+    TellPage("stepBy", "1");
 }
 
 void EndProgram() {

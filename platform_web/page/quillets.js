@@ -73,7 +73,7 @@ const resultOf = request => new Promise((resolve, reject) => {
     request.onerror = () => reject(request.error);
 });
 
-/** Resolves to nothing, or to the reason why there is none. */
+/** Resolves to nothing, or to the reason why there is no database. */
 async function openDatabase() {
     try {
         const opening = indexedDB.open(FolderId, 1);
@@ -125,7 +125,7 @@ const scaleOf = element => parseFloat(getComputedStyle(element).getPropertyValue
 const snap = at => Math.round(at * devicePixelRatio) / devicePixelRatio;
 const isOnScreen = element => element.getClientRects().length > 0;
 
-/** Gives the canvas its pixels; whether they have changed. */
+/** Gives the canvas its pixels; true when their number has changed. */
 function fit({ canvas, columns, rows, ratio = devicePixelRatio }) {
     const scale = scaleOf(canvas) * ratio, [width, height] = [columns, rows].map(side => Math.max(1, Math.floor(side * scale + 0.01)));
     Object.assign(canvas.style, { width: `${width / ratio}px`, height: `${height / ratio}px` });
@@ -181,9 +181,9 @@ function paintRows(record, { canvas, rows, texts }, { first, last }) {
 const showSurface = (canvas, { surface, columns, rows, texts = [] }) =>
     Surfaces.set(surface, { ...Surfaces.get(surface), canvas, columns, rows, texts });
 
-// ---- Controls. A kind has a way to be made, and most have one to be brought in line with their description.
+// ---- Controls. Each kind has a function that makes it, and most have one that shows a new description.
 
-const Controls = new Map(), Histories = new Map();
+const Controls = new Map();
 const makeText = (pane, control) => watch(make("div", { className: control.kind }), pane, control);
 const makers = {
     label: makeText, text: makeText, picture: makePicture, bar: makeBar, browser: makeBrowser,
@@ -194,7 +194,7 @@ const makers = {
 };
 const showers = {
     text: showText, button: showText,
-    browser: (frame, { record }) => showAddress(record),
+    browser: showAddress,
     label(element, control) {
         showText(element, control);
         element.hidden ||= control.fits && !control.text;
@@ -285,39 +285,37 @@ function makeBar(pane, { record }) {
     return bar;
 }
 
-/** The help page. Its history is the game's own, and no entry of the browser's. */
-function makeBrowser(pane, { record }) {
+/** The help page. It has a history of its own, apart from the browser's. */
+const Visited = { addresses: [], shown: -1 };
+const address = () => Visited.addresses[Visited.shown] || "";
+const leaveAddress = () => leaveLetter(address());
+
+function makeBrowser(pane) {
     const frame = make("iframe", { className: "browser", title: "Help" });
     frame.onload = () => {
         frame.contentDocument.onpointerdown = () => turnTo(pane);
         frame.contentDocument.onclick = event => {
             const link = event.target.closest?.("a[href]")?.getAttribute("href");
             if (link) event.preventDefault();
-            if (link?.startsWith("#")) navigate(record, addressOf(record).split("#")[0] + link);
+            if (link?.startsWith("#")) navigate(address().split("#")[0] + link);
         };
-        showAddress(record);
+        showAddress();
     };
     return frame;
 }
 
-const historyOf = record => Histories.get(record) || Histories.set(record, { addresses: [], shown: -1 }).get(record);
-const addressOf = record => historyOf(record).addresses[historyOf(record).shown] || "";
-const leaveAddress = record => leaveLetter(addressOf(record));
-
-function navigate(record, address) {
-    const history = historyOf(record);
-    if (addressOf(record) !== address) history.addresses.splice(++history.shown, Infinity, address);
-    showAddress(record);
+function navigate(to) {
+    if (address() !== to) Visited.addresses.splice(++Visited.shown, Infinity, to);
+    showAddress();
 }
 
-function stepBy(record, step) {
-    const history = historyOf(record);
-    if (history.addresses[history.shown + step]) history.shown += step;
-    showAddress(record);
+function stepBy(step) {
+    if (Visited.addresses[Visited.shown + step]) Visited.shown += step;
+    showAddress();
 }
 
-function showAddress(record) {
-    const frame = Controls.get(record)?.element, [page, anchor] = addressOf(record).split("/").at(-1).split("#");
+function showAddress() {
+    const frame = document.querySelector("iframe"), [page, anchor] = address().split("/").at(-1).split("#");
     if (frame && frame.getAttribute("src") !== page) frame.src = page;
     const target = anchor && frame?.contentDocument.getElementsByName(anchor)[0];
     if (target) target.scrollIntoView();
@@ -329,7 +327,7 @@ function showAddress(record) {
 const Buttons = [1, 4, 2], HeldFor = 500, StillWithin = 8;
 const isFinger = event => event.pointerType === "touch" || event.pointerType === "pen" && event.button !== 2 && event.buttons !== 2;
 
-/** Lets the engine hear of the pointer on an element, where its record has a handler. */
+/** Tells the engine what the pointer does on an element whose record has a handler. */
 function watch(element, pane, control) {
     if (!control.mouse) return element;
     const hand = { element, pane, control, finger: null, isPressed: false, last: "" };
@@ -558,7 +556,7 @@ function layOutPage() {
     arrangeDesk();
 }
 
-/** Not every browser calls it another size when the page goes to a screen of another ratio. */
+/** Some browsers send no resize when the page moves to a screen of another ratio. */
 function followRatio() {
     matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener("change", () => (layOutPage(), followRatio()), { once: true });
 }
@@ -619,7 +617,7 @@ function askByBox(box, answer = () => {}) {
 }
 
 const Named = 0, Cancelled = 1;
-/** A file of the player's own on its way to the dialog that it opens, and how a dialog that stands takes one. */
+/** A dropped file for which a dialog is about to open; the function by which an open dialog takes one. */
 let Offer = null, takeOffer = null;
 
 function ask(question) {
@@ -698,11 +696,11 @@ async function play(file) {
 }
 
 const silence = () => (Speaker?.disconnect(), Speaker = null);
-/** Words that are the same as before are new with a blank behind them. */
+/** The same words are spoken again when a blank makes them new. */
 const say = words => byId("words").textContent = byId("words").textContent === words ? `${words}\u00a0` : words;
 const sayOf = record => Controls.get(record)?.words && say(Controls.get(record).words);
 
-/** The browser's print stops the page, so the handler that asks for it ends first. */
+/** Printing stops the page, so the handler that asks for it ends first. */
 function print(record) {
     for (const pane of Panes.values()) pane.element.classList.toggle("printed", pane.record === record);
     setTimeout(() => window.print());
@@ -735,7 +733,7 @@ function finish(text, action = "Start again", act = () => location.reload(), ...
     letGo();
 }
 
-/** The player's files can be taken out and thrown away also when the game does not start with them. */
+/** Lists the stored files, for a player whose game does not start with one of them. */
 async function end() {
     const list = make("ul", { className: "kept" });
     finish("The game has ended.", undefined, undefined, list);
@@ -752,7 +750,7 @@ function keptFile([name, content]) {
 /** The two windows side by side on the desk (quillets.css), in twips. */
 const FirstSettings = new TextEncoder().encode("QUILLET.qui\r\n0,0,4080,0\r\n");
 
-/** Runs the game until it is over. Stored files lie over those that came with the page. */
+/** Runs the game until it is over. A stored file takes the place of the one that came with the page. */
 async function run(opening) {
     let [engine, collection, fault = ""] = await Promise.all(opening);
     const stored = Database ? await storedFiles().catch(reason => (fault = reasonOf(reason), [])) : [];
