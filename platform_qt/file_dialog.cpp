@@ -48,7 +48,7 @@ void FileDialog::accept() {
     } else if (acceptMode() == AcceptOpen && !file.exists()) {
         refuse("There is no such file:\n" + Chosen);
     } else {
-        QDialog::accept();
+        done(Accepted);
     }
 }
 
