@@ -40,8 +40,8 @@ void AddMembers(JsonObject& object, const Record& record) {
         object.Add("spoken", record.SpokenName, "words", record.InWords ? record.InWords() : "", "icon",
                    record.Icon);
     if constexpr (requires { record.Latched; })
-        object.Add("tip", record.ToolTipText, "icon", record.Picture, "latches", record.Latches, "latched",
-                   record.Latched);
+        object.Add("tip", record.ToolTipText, "description", record.Description, "icon", record.Picture,
+                   "latches", record.Latches, "latched", record.Latched);
     if constexpr (requires { record.Max; })
         object.Add("value", record.Value, "max", record.Max, "small", record.SmallChange, "large",
                    record.LargeChange);

@@ -190,7 +190,7 @@ const makers = {
     frame: () => make("fieldset", {}, make("legend")),
     button: (pane, control) => makeButton("", press(pane, control)),
     tile: (pane, control) => makeButton(makeIcon(control.icon, "icon"), press(pane, control),
-        { className: "tile", title: control.tip, ariaLabel: control.tip }),
+        { className: "tile", title: control.tip, ariaLabel: control.tip, ariaDescription: control.description }),
 };
 const showers = {
     text: showText, button: showText,
